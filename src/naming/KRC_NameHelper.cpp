@@ -1,0 +1,298 @@
+#include "naming/KRC_NameHelper.h"
+
+#include <QRegExp>
+
+#include <climits>
+
+namespace {
+
+// Every character that is not an ASCII letter or digit separates. Each calling
+// function compiles its own copy once, on first use, and keeps it.
+QRegExp separatorExpression()
+{
+    return QRegExp(QStringLiteral("[^a-zA-Z0-9]"));
+}
+
+// The head is the text before the last separator (the whole name without one);
+// the tail is the last separator and what follows it (null without one).
+void splitAtLastSeparator(const QString& name, QRegExp& separator, QString& head, QString& tail)
+{
+    const int pos = separator.lastIndexIn(name);
+    if (pos < 0) {
+        head = name;
+        tail = QString();
+        return;
+    }
+    head = name.left(pos);
+    tail = name.mid(pos);
+}
+
+// Steps a character through its signed Latin-1 byte, truncated back to 16 bits:
+// ASCII behaves as expected, anything beyond Latin-1 reads as 0.
+QChar stepChar(QChar c, int delta)
+{
+    const int byte = static_cast<signed char>(c.toLatin1());
+    return QChar(static_cast<ushort>(byte + delta));
+}
+
+QString printWithWidth(qint64 value, int width)
+{
+    return QString::asprintf("%0*lld", width, static_cast<long long>(value));
+}
+
+void padWithZeros(QString& text, int width)
+{
+    if (text.length() < width)
+        text.prepend(QString(width - text.length(), QLatin1Char('0')));
+}
+
+// The character that a carry running off the start (or into a separator) adds.
+QChar carryCharacter(int type, bool upper)
+{
+    QChar c;
+    switch (type) {
+    case 0:
+        return QLatin1Char('1');
+    case 1:
+        c = QLatin1Char('a');
+        break;
+    case 2:
+    case 3:
+        c = QLatin1Char('z');
+        break;
+    default:
+        return QChar();
+    }
+    return upper ? c.toUpper() : c;
+}
+
+QString emptyNameStart(int type)
+{
+    return type == 0 ? QStringLiteral("1") : QStringLiteral("A");
+}
+
+// Bijective base 26: 1 is "A", 26 is "Z", 27 is "AA". Empty for 0 and below.
+QString lettersOf(int value)
+{
+    QChar buffer[8];
+    int pos = 8;
+    while (value > 0) {
+        --value;
+        buffer[--pos] = QChar('A' + value % 26);
+        value /= 26;
+    }
+    return QString(buffer + pos, 8 - pos);
+}
+
+// Finds the last run of digits of `text`; `start` and `end` bound it.
+bool findLastDigitRun(const QString& text, int& start, int& end)
+{
+    int i = text.size();
+    while (i > 0 && !text.at(i - 1).isDigit())
+        --i;
+    if (i == 0)
+        return false;
+    end = i;
+    while (i > 0 && text.at(i - 1).isDigit())
+        --i;
+    start = i;
+    return true;
+}
+
+void appendIfNotEmpty(QStringList& parts, const QString& text)
+{
+    if (!text.isEmpty())
+        parts.append(text);
+}
+
+} // namespace
+
+QString KRC_NameHelper::getNextName(const QString& name, int type)
+{
+    if (name.isEmpty())
+        return emptyNameStart(type);
+
+    bool isInteger = false;
+    const int number = name.toInt(&isInteger);
+    if (isInteger)
+        return printWithWidth(qint64(number) + 1, name.length());
+
+    QString result = name;
+    bool upper = true;
+    const int len = result.length();
+    int i = len;
+    while (i != 0) {
+        const QChar c = result.at(i - 1);
+        if (!c.isLetterOrNumber())
+            break;
+        if (c == QLatin1Char('Z') || c == QLatin1Char('z')) {
+            // Rule 3 keeps inner "Z"s: a carry only wraps the last one.
+            if (type != 3 || i == len) {
+                upper = c == QLatin1Char('Z');
+                result[i - 1] = upper ? QLatin1Char('A') : QLatin1Char('a');
+            }
+        } else if (c == QLatin1Char('9')) {
+            result[i - 1] = QLatin1Char('0');
+        } else {
+            result[i - 1] = stepChar(c, 1);
+            return result;
+        }
+        --i;
+    }
+
+    const QChar carry = carryCharacter(type, upper);
+    if (!carry.isNull())
+        result.insert(i, carry);
+    return result;
+}
+
+QString KRC_NameHelper::getPrevName(const QString& name, int type)
+{
+    if (name.isEmpty())
+        return emptyNameStart(type);
+
+    bool isInteger = false;
+    const int number = name.toInt(&isInteger);
+    if (isInteger)
+        return number > 0 ? printWithWidth(number - 1, name.length()) : QStringLiteral("999");
+
+    QString result = name;
+    bool upper = true;
+    int i = result.length();
+    while (i != 0) {
+        const QChar c = result.at(i - 1);
+        if (c == QLatin1Char('A') || c == QLatin1Char('a')) {
+            upper = c == QLatin1Char('A');
+            if (type == 1) {
+                // Rule 1 drops the first character: "AA" goes back to "Z".
+                result[i - 1] = upper ? QLatin1Char('Z') : QLatin1Char('z');
+                i = 1;
+            }
+            break;
+        }
+        if (c != QLatin1Char('0')) {
+            result[i - 1] = stepChar(c, -1);
+            return result;
+        }
+        result[i - 1] = QLatin1Char('9');
+        --i;
+    }
+
+    if (i > 0)
+        result.remove(i - 1, 1);
+    if (result.isEmpty())
+        return upper ? QStringLiteral("A_0") : QStringLiteral("a_0");
+    return result;
+}
+
+QString KRC_NameHelper::getName(const QString& name, int type, bool forward)
+{
+    return forward ? getNextName(name, type) : getPrevName(name, type);
+}
+
+QString KRC_NameHelper::getName(int value, int type)
+{
+    switch (type) {
+    case 1:
+        return lettersOf(value);
+    case 2:
+        if (value <= 26)
+            return lettersOf(value);
+        return QLatin1Char('Z') + lettersOf(value - 26);
+    case 3: {
+        const int v = value - 1;
+        QString result;
+        if (v / 26 > 0)
+            result.fill(QLatin1Char('Z'), v / 26);
+        result.append(QChar('A' + v % 26));
+        return result;
+    }
+    default:
+        return QString::number(value);
+    }
+}
+
+int KRC_NameHelper::getNextMultiple(int value, int multiple)
+{
+    const qint64 step = multiple == 0 ? 1 : qAbs(qint64(multiple));
+    if (value < step)
+        return int(step);
+    const qint64 next = (value / step + 1) * step;
+    return next > INT_MAX ? INT_MAX : int(next);
+}
+
+void KRC_NameHelper::getPrefixAndSuffix(
+    const QString& name, QString& prefix, int& value, int& length, QString& suffix)
+{
+    static QRegExp separator = separatorExpression();
+    const int pos = separator.indexIn(name);
+    if (pos < 0) {
+        prefix = name;
+        suffix = QString();
+    } else {
+        prefix = name.left(pos);
+        suffix = name.mid(pos);
+    }
+    length = prefix.length();
+    bool isInteger = false;
+    value = prefix.toInt(&isInteger);
+    if (!isInteger)
+        value = INT_MIN;
+}
+
+QString KRC_NameHelper::getBaseName(const QString& name, int type, int minLength, int count)
+{
+    static QRegExp separator = separatorExpression();
+    QString head;
+    QString tail;
+    splitAtLastSeparator(name, separator, head, tail);
+
+    QString delimiter;
+    if (!tail.isEmpty()) {
+        delimiter = tail.left(1);
+        tail.remove(0, 1);
+    }
+
+    QString& target = tail.isEmpty() ? head : tail;
+    for (int i = 0; i < count; ++i)
+        target = getNextName(target, type);
+    for (int i = 0; i > count; --i)
+        target = getPrevName(target, type);
+
+    padWithZeros(head, minLength);
+    return head + delimiter + tail;
+}
+
+bool KRC_NameHelper::extractNumericalPart(
+    const QString& name, QStringList& parts, int& index, int& value, bool tailOnly)
+{
+    static QRegExp separator = separatorExpression();
+    parts.clear();
+    QString head;
+    QString tail;
+    splitAtLastSeparator(name, separator, head, tail);
+
+    int start = 0;
+    int end = 0;
+    if (!tail.isEmpty() && findLastDigitRun(tail, start, end)) {
+        parts.append(head);
+        appendIfNotEmpty(parts, tail.left(start));
+        index = parts.size();
+        parts.append(tail.mid(start, end - start));
+        appendIfNotEmpty(parts, tail.mid(end));
+    } else {
+        if (!tail.isEmpty() && tailOnly)
+            return false;
+        if (!findLastDigitRun(head, start, end))
+            return false;
+        appendIfNotEmpty(parts, head.left(start));
+        index = parts.size();
+        parts.append(head.mid(start, end - start));
+        appendIfNotEmpty(parts, head.mid(end));
+        parts.append(tail);
+    }
+
+    bool isInteger = false;
+    value = parts.at(index).toInt(&isInteger);
+    return isInteger;
+}

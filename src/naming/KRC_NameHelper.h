@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// Name arithmetic of the storyboard: counting in names such as "12", "BA", "A9"
+// or "SC_12", keeping their width and case, and cutting them apart around their
+// numerical part.
+//
+// Every function here is a pure function of its arguments. A separator is any
+// character that is not an ASCII letter or digit. The functions that split at
+// separators keep one compiled QRegExp each, made on first use; QRegExp keeps
+// match state inside the object, so these functions are for the host's one
+// thread (as is the rest of the library) and must not run concurrently.
+class KRC_NameHelper
+{
+public:
+    // The name after `name` under counting rule `type` (0 numeric, 1 letters,
+    // 2 letters with "Z" prefix, 3 letters with repeated "Z", 4 by N).
+    static QString getNextName(const QString& name, int type);
+    // The name before `name`; integers at or below 0 wrap to "999", and the
+    // name before a single letter "A" is "A_0".
+    static QString getPrevName(const QString& name, int type);
+    static QString getName(const QString& name, int type, bool forward);
+    // The `value`-th name of the series of rule `type`, counted from 1.
+    static QString getName(int value, int type);
+
+    // The least multiple of `multiple` strictly above `value`; `multiple` itself
+    // when `value` is below it. A negative `multiple` counts by its magnitude
+    // and 0 counts by 1; a result beyond the int range is clamped to INT_MAX.
+    static int getNextMultiple(int value, int multiple);
+
+    // Splits at the first separator: `prefix` before it, `suffix` from it on,
+    // `length` of the prefix and `value` of the prefix as an integer (INT_MIN
+    // when it is none).
+    static void getPrefixAndSuffix(
+        const QString& name, QString& prefix, int& value, int& length, QString& suffix);
+
+    // Steps the last part of `name` `count` times (down when negative) and pads
+    // the part before the last separator with "0" up to `minLength`.
+    static QString getBaseName(const QString& name, int type, int minLength, int count);
+
+    // Cuts `name` into `parts` around its numerical part, so that joining
+    // `parts` gives `name` back; `index` is the place of the digits in `parts`.
+    // True if digits were found and read as an integer. Without digits, `parts`
+    // is empty and `index` and `value` keep what they held.
+    static bool extractNumericalPart(
+        const QString& name, QStringList& parts, int& index, int& value, bool tailOnly);
+};
