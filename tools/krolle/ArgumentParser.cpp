@@ -1,0 +1,168 @@
+#include "ArgumentParser.h"
+
+#include "TextTable.h"
+#include "ToolError.h"
+
+namespace {
+
+const QString kHelpLong = QStringLiteral("--help");
+const QString kHelpShort = QStringLiteral("-h");
+const QString kEndOfOptions = QStringLiteral("--");
+
+} // namespace
+
+ArgumentParser::ArgumentParser(const QString& command)
+    : m_command(command)
+{
+}
+
+void ArgumentParser::setSummary(const QString& summary)
+{
+    m_summary = summary;
+}
+
+void ArgumentParser::setDescription(const QString& description)
+{
+    m_description = description;
+}
+
+void ArgumentParser::addPositional(const QString& name, const QString& help, bool required)
+{
+    m_positionals.append({ name, help, required });
+}
+
+void ArgumentParser::addFlag(const QString& name, const QString& help)
+{
+    m_options.append({ name, QString(), help, Kind::Flag });
+}
+
+void ArgumentParser::addOption(const QString& name, const QString& valueName, const QString& help)
+{
+    m_options.append({ name, valueName, help, Kind::Value });
+}
+
+void ArgumentParser::addListOption(const QString& name, const QString& valueName, const QString& help)
+{
+    m_options.append({ name, valueName, help, Kind::List });
+}
+
+void ArgumentParser::setEpilogue(const QString& epilogue)
+{
+    m_epilogue = epilogue;
+}
+
+bool ArgumentParser::looksLikeOption(const QString& word)
+{
+    return word.size() > 1 && word.startsWith(QLatin1Char('-'));
+}
+
+const ArgumentParser::Option* ArgumentParser::findOption(const QString& name) const
+{
+    for (const Option& option : m_options) {
+        if (option.name == name)
+            return &option;
+    }
+    return nullptr;
+}
+
+// Reads the option at arguments[at] and its values; returns the index of the next unread word.
+int ArgumentParser::parseOption(const QStringList& arguments, int at, ArgumentValues& values) const
+{
+    const QString word = arguments.at(at);
+    const int equals = word.indexOf(QLatin1Char('='));
+    const QString name = equals < 0 ? word : word.left(equals);
+    const Option* option = findOption(name);
+    if (!option)
+        throw ToolError::usage(QStringLiteral("unknown option '%1'").arg(name));
+    if (option->kind == Kind::Flag) {
+        if (equals >= 0)
+            throw ToolError::usage(QStringLiteral("%1 takes no value").arg(name));
+        values.addOptionValue(name, QString());
+        return at + 1;
+    }
+    int next = at + 1;
+    if (equals >= 0) {
+        values.addOptionValue(name, word.mid(equals + 1));
+    } else {
+        if (next >= arguments.size() || looksLikeOption(arguments.at(next)))
+            throw ToolError::usage(QStringLiteral("%1 needs a value %2").arg(name, option->valueName));
+        values.addOptionValue(name, arguments.at(next++));
+    }
+    if (option->kind == Kind::List) {
+        while (next < arguments.size() && !looksLikeOption(arguments.at(next))
+            && arguments.at(next).contains(QLatin1Char('=')))
+            values.addOptionValue(name, arguments.at(next++));
+    }
+    return next;
+}
+
+ArgumentValues ArgumentParser::parse(const QStringList& arguments) const
+{
+    ArgumentValues values(m_command);
+    if (arguments.contains(kHelpLong) || arguments.contains(kHelpShort)) {
+        values.setHelpRequested();
+        return values;
+    }
+    QStringList words;
+    bool optionsEnded = false;
+    for (int at = 0; at < arguments.size();) {
+        const QString& word = arguments.at(at);
+        if (!optionsEnded && word == kEndOfOptions) {
+            optionsEnded = true;
+            ++at;
+        } else if (!optionsEnded && looksLikeOption(word)) {
+            at = parseOption(arguments, at, values);
+        } else {
+            words.append(word);
+            ++at;
+        }
+    }
+    int taken = 0;
+    for (const Positional& positional : m_positionals) {
+        if (taken < words.size())
+            values.setPositional(positional.name, words.at(taken++));
+        else if (positional.required)
+            throw ToolError::usage(QStringLiteral("missing %1").arg(positional.name));
+    }
+    if (taken < words.size())
+        throw ToolError::usage(QStringLiteral("unexpected argument '%1'").arg(words.at(taken)));
+    return values;
+}
+
+QString ArgumentParser::usageLine() const
+{
+    QStringList parts { m_command };
+    for (const Positional& positional : m_positionals)
+        parts << (positional.required ? positional.name : QStringLiteral("[%1]").arg(positional.name));
+    for (const Option& option : m_options) {
+        QString text = option.name;
+        if (option.kind != Kind::Flag)
+            text += QLatin1Char(' ') + option.valueName;
+        if (option.kind == Kind::List)
+            text += QStringLiteral(" ...");
+        parts << QStringLiteral("[%1]").arg(text);
+    }
+    return parts.join(QLatin1Char(' '));
+}
+
+QString ArgumentParser::helpText() const
+{
+    QString text = QStringLiteral("usage: %1\n").arg(usageLine());
+    if (!m_description.isEmpty())
+        text += QLatin1Char('\n') + m_description + QLatin1Char('\n');
+    TextTable table;
+    table.setIndent(2);
+    for (const Positional& positional : m_positionals)
+        table.addRow({ positional.name, positional.help });
+    for (const Option& option : m_options) {
+        const QString spelled = option.kind == Kind::Flag
+            ? option.name
+            : QStringLiteral("%1 %2").arg(option.name, option.valueName);
+        table.addRow({ spelled, option.help });
+    }
+    table.addRow({ QStringLiteral("-h, --help"), QStringLiteral("show this help and exit") });
+    text += QLatin1Char('\n') + table.toString();
+    if (!m_epilogue.isEmpty())
+        text += QLatin1Char('\n') + m_epilogue + QLatin1Char('\n');
+    return text;
+}

@@ -1,0 +1,70 @@
+// Declares the command line of one command and checks a command line against it.
+#pragma once
+
+#include "ArgumentValues.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+// The shape of one command's command line: positionals in order, flags
+// ("--json"), options with a value ("--fps F" or "--fps=F") and list options
+// that take every following word up to the next option ("--set A=1 B=2").
+// "--help" or "-h" anywhere asks for help and suspends the other checks;
+// "--" ends the options. parse() throws ToolError::usage for anything else
+// that does not fit, naming the offending word. It also makes the help text,
+// so that usage, parser and help cannot drift apart.
+class ArgumentParser
+{
+public:
+    // command is the full name as typed, e.g. "krolle outline".
+    explicit ArgumentParser(const QString& command);
+
+    void setSummary(const QString& summary);
+    void setDescription(const QString& description);
+    void addPositional(const QString& name, const QString& help, bool required = true);
+    void addFlag(const QString& name, const QString& help);
+    void addOption(const QString& name, const QString& valueName, const QString& help);
+    void addListOption(const QString& name, const QString& valueName, const QString& help);
+    // Text after the option list (examples, notes).
+    void setEpilogue(const QString& epilogue);
+
+    ArgumentValues parse(const QStringList& arguments) const;
+
+    const QString& command() const { return m_command; }
+    const QString& summary() const { return m_summary; }
+    QString usageLine() const;
+    QString helpText() const;
+
+private:
+    enum class Kind
+    {
+        Flag,
+        Value,
+        List
+    };
+    struct Option
+    {
+        QString name;
+        QString valueName;
+        QString help;
+        Kind kind;
+    };
+    struct Positional
+    {
+        QString name;
+        QString help;
+        bool required;
+    };
+
+    const Option* findOption(const QString& name) const;
+    int parseOption(const QStringList& arguments, int at, ArgumentValues& values) const;
+    static bool looksLikeOption(const QString& word);
+
+    QString m_command;
+    QString m_summary;
+    QString m_description;
+    QString m_epilogue;
+    QVector<Positional> m_positionals;
+    QVector<Option> m_options;
+};

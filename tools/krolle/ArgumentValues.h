@@ -1,0 +1,48 @@
+// What one command line said, after ArgumentParser has checked its shape.
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+// The positionals and options of one command line, with typed readers that
+// turn a bad value into a usage error (ToolError, exit status 64) naming the
+// option and the accepted range. A plain value, cheap to copy.
+class ArgumentValues
+{
+public:
+    ArgumentValues() = default;
+    explicit ArgumentValues(const QString& command);
+
+    const QString& command() const { return m_command; }
+
+    bool helpRequested() const { return m_help; }
+    void setHelpRequested() { m_help = true; }
+
+    void setPositional(const QString& name, const QString& value);
+    void addOptionValue(const QString& option, const QString& value);
+
+    // The positional named in the parser's declaration; null when an optional one was not given.
+    QString positional(const QString& name) const;
+    // True when the option (or flag) appears at least once.
+    bool isSet(const QString& option) const;
+    // The last value of the option, or the null string.
+    QString value(const QString& option) const;
+    // Every value of the option, in command-line order.
+    QStringList values(const QString& option) const;
+
+    // The option as a whole number in [min, max]; fallback when it is absent.
+    unsigned number(const QString& option, unsigned fallback, unsigned min, unsigned max) const;
+    // The positional as a whole number in [min, max]; it must have been given.
+    unsigned positionalNumber(const QString& name, unsigned min, unsigned max) const;
+    // The option's value, which must be one of the choices; fallback when it is absent.
+    QString choice(const QString& option, const QStringList& choices, const QString& fallback) const;
+
+private:
+    unsigned parseNumber(const QString& what, const QString& text, unsigned min, unsigned max) const;
+
+    QString m_command;
+    bool m_help = false;
+    QMap<QString, QString> m_positionals;
+    QMap<QString, QStringList> m_options;
+};

@@ -1,0 +1,33 @@
+// Base of the tool's commands.
+#pragma once
+
+#include "ArgumentParser.h"
+#include "ToolError.h"
+
+// One command of the tool ("outline", "at", ...). A derived class declares its
+// command line in its constructor through declare() and does its work in run(),
+// reporting failures by throwing ToolError; execute() parses, answers --help
+// and calls run(). Single-threaded.
+class Command
+{
+public:
+    virtual ~Command();
+    Command(const Command&) = delete;
+    Command& operator=(const Command&) = delete;
+
+    const QString& name() const { return m_name; }
+    const ArgumentParser& parser() const { return m_parser; }
+
+    // Runs the command on its own arguments (those after the command's name).
+    ExitStatus execute(const QStringList& arguments);
+
+protected:
+    Command(const QString& name, const QString& summary);
+
+    ArgumentParser& declare() { return m_parser; }
+    virtual ExitStatus run(const ArgumentValues& arguments) = 0;
+
+private:
+    QString m_name;
+    ArgumentParser m_parser;
+};

@@ -1,0 +1,31 @@
+#include "Console.h"
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+void write(std::FILE* stream, const QString& text)
+{
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
+}
+
+} // namespace
+
+void Console::out(const QString& text)
+{
+    write(stdout, text);
+}
+
+void Console::err(const QString& text)
+{
+    std::fflush(stdout);
+    write(stderr, text);
+    std::fflush(stderr);
+}
+
+bool Console::stderrIsTerminal()
+{
+    return isatty(STDERR_FILENO) == 1;
+}

@@ -1,0 +1,87 @@
+#include "KrolleTool.h"
+
+#include "Command.h"
+#include "Console.h"
+#include "TextTable.h"
+
+#include <new>
+
+namespace {
+
+const char* const kVersionText = "krolle " KROLLE_VERSION "\n";
+
+const int kInternalErrorStatus = 70;
+
+} // namespace
+
+KrolleTool::KrolleTool() = default;
+
+KrolleTool::~KrolleTool() = default;
+
+QString KrolleTool::helpText() const
+{
+    TextTable commands;
+    commands.setIndent(2);
+    for (const auto& command : m_commands)
+        commands.addRow({ command->name(), command->parser().summary() });
+    return QStringLiteral("usage: krolle <command> [arguments] [options]\n"
+                          "       krolle --help | --version\n"
+                          "\n"
+                          "A command-line front end over storyboard project files.\n"
+                          "\n"
+                          "commands:\n")
+        + commands.toString()
+        + QStringLiteral("\n"
+                         "'krolle <command> --help' tells more about one command.\n"
+                         "Exit status: 0 done, 1 findings or a request the project cannot satisfy,\n"
+                         "2 bad, missing or unwritable file, 64 bad usage.\n");
+}
+
+Command* KrolleTool::find(const QString& name) const
+{
+    for (const auto& command : m_commands) {
+        if (command->name() == name)
+            return command.get();
+    }
+    return nullptr;
+}
+
+ExitStatus KrolleTool::dispatch(const QStringList& arguments)
+{
+    const QString first = arguments.value(0);
+    if (first == QLatin1String("--help") || first == QLatin1String("-h") || first == QLatin1String("help")) {
+        Command* command = find(arguments.value(1));
+        Console::out(command ? command->parser().helpText() : helpText());
+        return ExitStatus::Success;
+    }
+    if (first == QLatin1String("--version")) {
+        Console::out(QString::fromUtf8(kVersionText));
+        return ExitStatus::Success;
+    }
+    Command* command = find(first);
+    if (!command)
+        throw ToolError::usage(QStringLiteral("unknown command '%1'").arg(first));
+    return command->execute(arguments.mid(1));
+}
+
+int KrolleTool::run(const QStringList& arguments)
+{
+    if (arguments.isEmpty()) {
+        Console::err(helpText());
+        return static_cast<int>(ExitStatus::BadUsage);
+    }
+    const QString command
+        = find(arguments.first()) ? QStringLiteral("krolle ") + arguments.first() : QStringLiteral("krolle");
+    try {
+        return static_cast<int>(dispatch(arguments));
+    } catch (const ToolError& error) {
+        QString line = QStringLiteral("%1: %2").arg(command, error.message());
+        if (error.status() == ExitStatus::BadUsage)
+            line += QStringLiteral(" (see %1 --help)").arg(command);
+        Console::err(line + QLatin1Char('\n'));
+        return static_cast<int>(error.status());
+    } catch (const std::bad_alloc&) {
+        Console::err(command + QStringLiteral(": out of memory\n"));
+        return kInternalErrorStatus;
+    }
+}
