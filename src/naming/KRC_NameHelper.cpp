@@ -1,5 +1,7 @@
 #include "naming/KRC_NameHelper.h"
 
+#include "naming/KRC_ObjectName.h"
+
 #include <QRegExp>
 
 #include <climits>
@@ -261,6 +263,21 @@ QString KRC_NameHelper::getBaseName(const QString& name, int type, int minLength
 
     padWithZeros(head, minLength);
     return head + delimiter + tail;
+}
+
+QString KRC_NameHelper::getBaseName(
+    const KRC_ObjectName* prev, const KRC_ObjectName* next, int type, int minLength)
+{
+    const bool prevCustom = prev && prev->isCustom();
+    const bool nextCustom = next && next->isCustom();
+    if (!prevCustom && !nextCustom)
+        return QString();
+    if (!prev)
+        return getBaseName(next->value(), type, minLength, -1);
+    const QString after = getBaseName(prev->value(), type, minLength, 1);
+    if (next && after == next->value())
+        return prev->value();
+    return after;
 }
 
 bool KRC_NameHelper::extractNumericalPart(

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+class KRC_ObjectName;
+
 // Name arithmetic of the storyboard: counting in names such as "12", "BA", "A9"
 // or "SC_12", keeping their width and case, and cutting them apart around their
 // numerical part.
@@ -39,6 +41,13 @@ public:
     // Steps the last part of `name` `count` times (down when negative) and pads
     // the part before the last separator with "0" up to `minLength`.
     static QString getBaseName(const QString& name, int type, int minLength, int count);
+    // The name between two neighbours, either of which may be null: the step
+    // after `prev` (or before `next` when there is no `prev`). `prev`'s own
+    // value when the step would reach `next`, so that the caller resolves the
+    // collision. A null string unless a neighbour is custom: auto-named series
+    // stay numbered by position.
+    static QString getBaseName(
+        const KRC_ObjectName* prev, const KRC_ObjectName* next, int type, int minLength);
 
     // Cuts `name` into `parts` around its numerical part, so that joining
     // `parts` gives `name` back; `index` is the place of the digits in `parts`.
