@@ -3,3 +3,17 @@
 // so that the stand-in is free to arrange its files as it likes.
 #pragma once
 
+#include "host/persistence/DB_MemFile.h"
+#include "host/persistence/PIO_Metadata.h"
+#include "host/persistence/PIO_MetadataFactory.h"
+#include "host/persistence/PIO_MetadataGeneric.h"
+#include "host/persistence/PIO_MetadataUnknown.h"
+#include "host/persistence/PIO_Metadatas.h"
+#include "host/persistence/PIO_MetadatasXml.h"
+#include "host/persistence/PIO_ReadingContext.h"
+#include "host/persistence/PIO_WritingContext.h"
+#include "host/persistence/PIO_XML_ComponentReader.h"
+#include "host/persistence/PO_Utils.h"
+#include "host/persistence/PO_XmlWriter.h"
+
+#include <QXmlAttributes>

@@ -1,0 +1,101 @@
+#include "host/persistence/PO_XmlWriter.h"
+
+#include "host/persistence/PO_Utils.h"
+
+#include <QXmlStreamWriter>
+#include <QtGlobal>
+
+class PO_XmlWriter::PO_XmlWriterPrivate
+{
+public:
+    explicit PO_XmlWriterPrivate(QXmlStreamWriter& stream)
+        : stream(stream)
+    {
+    }
+
+    void writeAttribute(QString const& name, QString const& value)
+    {
+        if (!inStartTag) {
+            qWarning("PO_XmlWriter: attribute '%s' comes after the content of its element; dropped",
+                qPrintable(name));
+            return;
+        }
+        stream.writeAttribute(name, PO_Utils::xmlSafe(value));
+    }
+
+    QXmlStreamWriter& stream;
+    int depth = 0;
+    bool inStartTag = false;
+};
+
+PO_XmlWriter::PO_XmlWriter(QXmlStreamWriter& stream)
+    : d(new PO_XmlWriterPrivate(stream))
+{
+}
+
+PO_XmlWriter::~PO_XmlWriter()
+{
+    delete d;
+}
+
+void PO_XmlWriter::beginElement(QString const& name)
+{
+    d->stream.writeStartElement(name);
+    ++d->depth;
+    d->inStartTag = true;
+}
+
+void PO_XmlWriter::endElement()
+{
+    if (d->depth == 0) {
+        qWarning("PO_XmlWriter: endElement without an open element; ignored");
+        return;
+    }
+    d->stream.writeEndElement();
+    --d->depth;
+    d->inStartTag = false;
+}
+
+void PO_XmlWriter::encodeStringAttr(QString const& name, QString const& value)
+{
+    d->writeAttribute(name, value);
+}
+
+void PO_XmlWriter::encodeIntAttr(QString const& name, int value)
+{
+    d->writeAttribute(name, QString::number(value));
+}
+
+void PO_XmlWriter::encodeDoubleAttr(QString const& name, double value)
+{
+    d->writeAttribute(name, PO_Utils::doubleToString(value));
+}
+
+void PO_XmlWriter::encodeBoolAttr(QString const& name, bool value)
+{
+    d->writeAttribute(name, PO_Utils::boolToString(value));
+}
+
+void PO_XmlWriter::encodeBinaryElement(
+    QString const& elementName, QString const& attributeName, unsigned char const* data, int length)
+{
+    beginElement(elementName);
+    d->writeAttribute(attributeName, PO_Utils::binaryToString(data, length));
+    endElement();
+}
+
+void PO_XmlWriter::writeCharacters(QString const& text)
+{
+    d->stream.writeCharacters(PO_Utils::xmlSafe(text));
+    d->inStartTag = false;
+}
+
+int PO_XmlWriter::depth() const
+{
+    return d->depth;
+}
+
+QXmlStreamWriter& PO_XmlWriter::stream()
+{
+    return d->stream;
+}
