@@ -3,3 +3,4 @@
 // so that the stand-in is free to arrange its files as it likes.
 #pragma once
 
+#include "host/context/TUDbSceneData.h"
