@@ -1,0 +1,332 @@
+#include "properties/KRC_PropertyStream.h"
+
+#include <QIODevice>
+#include <QStringList>
+
+#include <iterator>
+
+namespace {
+
+// Containers nest no deeper than this; a deeper blob is refused rather than
+// risking the stack.
+constexpr int kMaxDepth = 32;
+
+// Type numbers of the oldest stream form (version 6), by position, in today's numbering.
+// Positions past the end, and the colour group at 12, read as an invalid value.
+const int kOldestFormTypes[] = {
+    QMetaType::UnknownType,
+    QMetaType::QVariantMap,
+    QMetaType::QVariantList,
+    QMetaType::QString,
+    QMetaType::QStringList,
+    QMetaType::QFont,
+    QMetaType::QPixmap,
+    QMetaType::QBrush,
+    QMetaType::QRect,
+    QMetaType::QSize,
+    QMetaType::QColor,
+    QMetaType::QPalette,
+    QMetaType::UnknownType,
+    QMetaType::QIcon,
+    QMetaType::QPoint,
+    QMetaType::QImage,
+    QMetaType::Int,
+    QMetaType::UInt,
+    QMetaType::Bool,
+    QMetaType::Double,
+    QMetaType::QByteArray,
+    QMetaType::QPolygon,
+    QMetaType::QRegion,
+    QMetaType::QBitmap,
+    QMetaType::QCursor,
+    QMetaType::QSizePolicy,
+    QMetaType::QDate,
+    QMetaType::QTime,
+    QMetaType::QDateTime,
+    QMetaType::QByteArray,
+    QMetaType::QBitArray,
+    QMetaType::QKeySequence,
+    QMetaType::QPen,
+    QMetaType::LongLong,
+    QMetaType::ULongLong,
+};
+
+// The type number that a stream of the given version means by `raw`, in today's numbering.
+int typeOfStream(quint32 raw, int version)
+{
+    if (version < QDataStream::Qt_4_0) {
+        return raw < std::size(kOldestFormTypes) ? kOldestFormTypes[raw] : int(QMetaType::UnknownType);
+    }
+    if (version >= QDataStream::Qt_5_0)
+        return int(raw);
+    // The middle form: user types at 127, the extended core types from 128 on, and
+    // the size policy at 75 ahead of the types that followed it.
+    if (raw == 127)
+        return QMetaType::User;
+    if (raw >= 128 && raw != quint32(QMetaType::User))
+        return int(raw - 97);
+    if (raw == 75)
+        return QMetaType::QSizePolicy;
+    if (raw > 75 && raw <= 86)
+        return int(raw - 1);
+    return int(raw);
+}
+
+bool isContainer(int type)
+{
+    return type == QMetaType::QVariantList || type == QMetaType::QStringList || type == QMetaType::QVariantMap
+        || type == QMetaType::QVariantHash;
+}
+
+// Value types whose stream reader in Qt allocates nothing by an unchecked count and
+// runs no loop by one, in streams of the given version.
+bool isSafeLeaf(int type, int version)
+{
+    switch (type) {
+    case QMetaType::QFont:
+        // From 5.13 on a font carries a list of families, read by an unchecked count.
+        return version < QDataStream::Qt_5_13;
+    case QMetaType::UnknownType:
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+    case QMetaType::QChar:
+    case QMetaType::QString:
+    case QMetaType::QByteArray:
+    case QMetaType::QBitArray:
+    case QMetaType::QDate:
+    case QMetaType::QTime:
+    case QMetaType::QDateTime:
+    case QMetaType::QUrl:
+    case QMetaType::QLocale:
+    case QMetaType::QRect:
+    case QMetaType::QRectF:
+    case QMetaType::QSize:
+    case QMetaType::QSizeF:
+    case QMetaType::QLine:
+    case QMetaType::QLineF:
+    case QMetaType::QPoint:
+    case QMetaType::QPointF:
+    case QMetaType::QRegExp:
+    case QMetaType::QUuid:
+    case QMetaType::Long:
+    case QMetaType::Short:
+    case QMetaType::Char:
+    case QMetaType::ULong:
+    case QMetaType::UShort:
+    case QMetaType::UChar:
+    case QMetaType::Float:
+    case QMetaType::SChar:
+    case QMetaType::QRegularExpression:
+    case QMetaType::QColor:
+    case QMetaType::QKeySequence:
+    case QMetaType::QTextLength:
+    case QMetaType::QMatrix:
+    case QMetaType::QTransform:
+    case QMetaType::QMatrix4x4:
+    case QMetaType::QVector2D:
+    case QMetaType::QVector3D:
+    case QMetaType::QVector4D:
+    case QMetaType::QQuaternion:
+    case QMetaType::QSizePolicy:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The leading type number and null flag of a stored QVariant, looked at without
+// consuming them, so that Qt's own reader can still take a simple value whole.
+struct VariantHead
+{
+    int type = QMetaType::UnknownType;
+    bool isNull = false;
+    int size = 0;
+};
+
+bool peekHead(QDataStream& in, VariantHead& head)
+{
+    const bool hasNullFlag = in.version() >= QDataStream::Qt_4_2;
+    head.size = hasNullFlag ? 5 : 4;
+    const QByteArray bytes = in.device()->peek(head.size);
+    if (bytes.size() < head.size) {
+        in.setStatus(QDataStream::ReadPastEnd);
+        return false;
+    }
+    QDataStream headStream(bytes);
+    headStream.setVersion(in.version());
+    headStream.setByteOrder(in.byteOrder());
+    quint32 raw = 0;
+    qint8 isNull = 0;
+    headStream >> raw;
+    if (hasNullFlag)
+        headStream >> isNull;
+    head.type = typeOfStream(raw, in.version());
+    head.isNull = isNull != 0;
+    return true;
+}
+
+// Reads an element count and refuses one that the bytes left could not hold, each
+// element taking at least `minElementBytes`.
+bool readCount(QDataStream& in, int minElementBytes, quint32& count)
+{
+    in >> count;
+    if (in.status() != QDataStream::Ok)
+        return false;
+    QIODevice* device = in.device();
+    if (!device->isSequential()
+        && quint64(count) * quint64(minElementBytes) > quint64(device->bytesAvailable())) {
+        in.setStatus(QDataStream::ReadCorruptData);
+        return false;
+    }
+    return true;
+}
+
+bool readVariantAt(QDataStream& in, QVariant& value, int depth);
+
+bool readVariantList(QDataStream& in, int minVariantBytes, QVariantList& list, int depth)
+{
+    quint32 count = 0;
+    if (!readCount(in, minVariantBytes, count))
+        return false;
+    for (quint32 i = 0; i < count; ++i) {
+        QVariant element;
+        if (!readVariantAt(in, element, depth + 1))
+            return false;
+        list.append(element);
+    }
+    return true;
+}
+
+bool readStringList(QDataStream& in, QStringList& list)
+{
+    quint32 count = 0;
+    if (!readCount(in, 4, count))
+        return false;
+    for (quint32 i = 0; i < count; ++i) {
+        QString text;
+        if (!KRC_PropertyStream::readString(in, text))
+            return false;
+        list.append(text);
+    }
+    return true;
+}
+
+template <class Map> bool readVariantMap(QDataStream& in, int minVariantBytes, Map& map, int depth)
+{
+    quint32 count = 0;
+    if (!readCount(in, 4 + minVariantBytes, count))
+        return false;
+    for (quint32 i = 0; i < count; ++i) {
+        QString key;
+        QVariant element;
+        if (!KRC_PropertyStream::readString(in, key) || !readVariantAt(in, element, depth + 1))
+            return false;
+        map.insert(key, element);
+    }
+    return true;
+}
+
+// A container of the given type, after its head; an empty one flagged null stays null.
+bool readContainer(QDataStream& in, VariantHead const& head, QVariant& value, int depth)
+{
+    bool ok = false;
+    switch (head.type) {
+    case QMetaType::QVariantList: {
+        QVariantList list;
+        ok = readVariantList(in, head.size, list, depth);
+        value = list;
+        break;
+    }
+    case QMetaType::QStringList: {
+        QStringList list;
+        ok = readStringList(in, list);
+        value = list;
+        break;
+    }
+    case QMetaType::QVariantMap: {
+        QVariantMap map;
+        ok = readVariantMap(in, head.size, map, depth);
+        value = map;
+        break;
+    }
+    default: {
+        QVariantHash hash;
+        ok = readVariantMap(in, head.size, hash, depth);
+        value = hash;
+        break;
+    }
+    }
+    if (ok && head.isNull && value == QVariant(QVariant::Type(head.type)))
+        value = QVariant(QVariant::Type(head.type));
+    return ok;
+}
+
+bool readVariantAt(QDataStream& in, QVariant& value, int depth)
+{
+    value = QVariant();
+    if (in.status() != QDataStream::Ok || !in.device())
+        return false;
+    VariantHead head;
+    if (!peekHead(in, head))
+        return false;
+    if (isSafeLeaf(head.type, in.version())) {
+        in >> value;
+    } else if (isContainer(head.type) && depth < kMaxDepth) {
+        in.skipRawData(head.size);
+        if (!readContainer(in, head, value, depth))
+            value = QVariant();
+    } else {
+        in.setStatus(QDataStream::ReadCorruptData);
+    }
+    if (in.status() != QDataStream::Ok) {
+        value = QVariant();
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool KRC_PropertyStream::readString(QDataStream& in, QString& text)
+{
+    if (in.status() != QDataStream::Ok)
+        return false;
+    in >> text;
+    return in.status() == QDataStream::Ok;
+}
+
+bool KRC_PropertyStream::readVariant(QDataStream& in, QVariant& value)
+{
+    return readVariantAt(in, value, 0);
+}
+
+bool KRC_PropertyStream::readFlag(QDataStream& in, bool& flag)
+{
+    if (in.status() != QDataStream::Ok)
+        return false;
+    qint32 number = 0;
+    in >> number;
+    if (in.status() != QDataStream::Ok)
+        return false;
+    flag = number != 0;
+    return true;
+}
+
+void KRC_PropertyStream::writeString(QDataStream& out, QString const& text)
+{
+    out << text;
+}
+
+void KRC_PropertyStream::writeVariant(QDataStream& out, QVariant const& value)
+{
+    out << value;
+}
+
+void KRC_PropertyStream::writeFlag(QDataStream& out, bool flag)
+{
+    out << qint32(flag ? 1 : 0);
+}
