@@ -1,0 +1,60 @@
+#include "metadata/KRC_MetadataFactory.h"
+
+#include "metadata/KRC_PanelInfo.h"
+#include "metadata/KRC_SceneInfo.h"
+
+#include <vector>
+
+namespace {
+
+using Creator = PIO_Metadata* (*)(QString const& name, QString const& creator, QString const& version);
+
+struct Entry
+{
+    QString keyword;
+    Creator create;
+};
+
+template <class Record>
+PIO_Metadata* create(QString const& name, QString const& creator, QString const& version)
+{
+    return new Record(name, creator, version);
+}
+
+// The keywords in the order they are tried; a record class takes its place here as it
+// arrives. Full order: sceneInfo, panelInfo, projectPanelInfoFieldList,
+// scenePanelInfoFieldList, infoFields, extraInfoFieldList, hiddenInfoField,
+// exposurePoints, tracking, layerInfos, namingRules, soundAnnotation, pdfOptions,
+// referenceToolData.
+std::vector<Entry> const& dispatchTable()
+{
+    static std::vector<Entry> const table {
+        { KRC_SceneInfo::kPIO_KRMETA_Keyword, &create<KRC_SceneInfo> },
+        { KRC_PanelInfo::kPIO_KRMETA_Keyword, &create<KRC_PanelInfo> },
+    };
+    return table;
+}
+
+} // namespace
+
+KRC_MetadataFactory::KRC_MetadataFactory() = default;
+
+KRC_MetadataFactory::~KRC_MetadataFactory() = default;
+
+KRC_MetadataFactory* KRC_MetadataFactory::createInstance()
+{
+    static KRC_MetadataFactory instance;
+    static bool const registered = (registerImpl(&instance), true);
+    Q_UNUSED(registered);
+    return &instance;
+}
+
+PIO_Metadata* KRC_MetadataFactory::createMeta(
+    QString const& keyword, QString const& name, QString const& creator, QString const& version)
+{
+    for (Entry const& entry : dispatchTable()) {
+        if (entry.keyword == keyword)
+            return entry.create(name, creator, version);
+    }
+    return PIO_MetadataFactory::createMeta(keyword, name, creator, version);
+}

@@ -1,0 +1,82 @@
+// Finds a typed record in a collection, creating it on demand.
+#pragma once
+
+#include "host/persistence/HostPersistence.h"
+
+#include <QString>
+
+/// Access to the first record of type `T` in a `PIO_Metadatas`, by name when one is given.
+///
+/// Lookup: the collection is walked in its own order and each entry is tested by a
+/// run-time cast to `T`, so a subclass of `T` matches too. With a null name the first `T`
+/// is the answer whatever its metaName; otherwise the first `T` whose metaName equals
+/// the name.
+///
+/// The constructor over a collection looks up at once and, when nothing is found, makes
+/// `new T(name)` and adds it to the collection, which owns it from then on: the access
+/// never owns its record. A later `get()` that holds no record yet (the collection was
+/// filled afterwards, or the access was made without creation) looks up again, never
+/// creating. With a null collection nothing is looked up and every answer is null.
+///
+/// A value type; copies share the same record. The record pointer is only good while the
+/// collection holds it. Threading: the host's thread.
+template <class T> class PIO_MetadataAccess
+{
+public:
+    /// An access over no collection: answers null.
+    PIO_MetadataAccess() = default;
+
+    /// Looks the record up in `metas` and creates it there when it is missing.
+    explicit PIO_MetadataAccess(PIO_Metadatas* metas, QString const& name = QString())
+        : m_metas(metas)
+        , m_meta(findOrCreate(metas, name))
+        , m_name(name)
+    {
+    }
+
+    virtual ~PIO_MetadataAccess() = default;
+
+    /// The record, looked up again (without creating) while none is held.
+    T* get() const
+    {
+        if (!m_meta)
+            m_meta = find(m_metas, m_name);
+        return m_meta;
+    }
+    T* operator->() const { return get(); }
+    explicit operator bool() const { return get() != nullptr; }
+
+    PIO_Metadatas* metadatas() const { return m_metas; }
+    QString const& name() const { return m_name; }
+
+    /// The first matching record of `metas`, or null; null for a null collection.
+    static T* find(PIO_Metadatas* metas, QString const& name)
+    {
+        if (!metas)
+            return nullptr;
+        for (auto it = metas->begin(); it != metas->end(); ++it) {
+            T* candidate = dynamic_cast<T*>(*it);
+            if (candidate && (name.isNull() || candidate->metaName() == name))
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    /// The first matching record of `metas`, added as `new T(name)` when there is none;
+    /// null for a null collection.
+    static T* findOrCreate(PIO_Metadatas* metas, QString const& name)
+    {
+        if (!metas)
+            return nullptr;
+        if (T* found = find(metas, name))
+            return found;
+        T* created = new T(name);
+        metas->add(created);
+        return created;
+    }
+
+private:
+    PIO_Metadatas* m_metas = nullptr;
+    mutable T* m_meta = nullptr;
+    QString m_name;
+};

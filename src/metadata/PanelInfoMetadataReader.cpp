@@ -1,0 +1,23 @@
+#include "metadata/PanelInfoMetadataReader.h"
+
+#include "metadata/KRC_PanelInfo.h"
+
+QString const PanelInfoMetadataReader::kExportFlag = QStringLiteral("exportFlag");
+
+PanelInfoMetadataReader::PanelInfoMetadataReader(KRC_PanelInfo* record)
+    : ObjInfoMetadataReader(record)
+{
+}
+
+UT_SharedPtr<PIO_XML::ComponentReader> PanelInfoMetadataReader::handleStartElement(
+    PIO_ReadingContext&, QString const& elementName, QXmlAttributes const& attributes)
+{
+    KRC_PanelInfo* info = recordAs<KRC_PanelInfo>();
+    if (info && elementName == KRC_PanelInfo::kPIO_KRMETA_Keyword) {
+        const KRC_ObjectName name = readName(attributes, kName);
+        const int exportFlag = uncheckedInt(attributes, kExportFlag);
+        info->name() = name;
+        info->setExportFlag(exportFlag);
+    }
+    return self();
+}

@@ -1,0 +1,28 @@
+#include "metadata/SceneInfoMetadataReader.h"
+
+#include "metadata/KRC_SceneInfo.h"
+
+KRC_ObjInfo::NameAttributes const SceneInfoMetadataReader::kSequenceName { QStringLiteral("sequenceName"),
+    QStringLiteral("sequenceNameFlag") };
+KRC_ObjInfo::NameAttributes const SceneInfoMetadataReader::kActName { QStringLiteral("actName"),
+    QStringLiteral("actNameFlag") };
+
+SceneInfoMetadataReader::SceneInfoMetadataReader(KRC_SceneInfo* record)
+    : ObjInfoMetadataReader(record)
+{
+}
+
+UT_SharedPtr<PIO_XML::ComponentReader> SceneInfoMetadataReader::handleStartElement(
+    PIO_ReadingContext&, QString const& elementName, QXmlAttributes const& attributes)
+{
+    KRC_SceneInfo* info = recordAs<KRC_SceneInfo>();
+    if (info && elementName == KRC_SceneInfo::kPIO_KRMETA_Keyword) {
+        const KRC_ObjectName name = readName(attributes, kName);
+        const KRC_ObjectName sequenceName = readName(attributes, kSequenceName);
+        const KRC_ObjectName actName = readName(attributes, kActName);
+        info->name() = name;
+        info->sequenceName() = sequenceName;
+        info->actName() = actName;
+    }
+    return self();
+}
