@@ -1,0 +1,697 @@
+#include "host/engine/HostProjectFile.h"
+
+#include "host/context/TUDbSceneData.h"
+#include "host/engine/AT_FrameBlock.h"
+#include "host/engine/HostNodeXml.h"
+#include "host/engine/SC_Project.h"
+#include "host/engine/SC_ProjectCommon.h"
+#include "host/engine/SC_SceneManager.h"
+#include "host/engine/TUScene.h"
+#include "host/engine/TUTimedValue.h"
+#include "host/persistence/PIO_Metadatas.h"
+#include "host/persistence/PIO_MetadatasXml.h"
+#include "host/persistence/PIO_WritingContext.h"
+#include "host/persistence/PO_XmlWriter.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QSaveFile>
+#include <QStringList>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <map>
+#include <set>
+
+namespace {
+
+// Element and attribute names of the project file.
+QString const kProject = QStringLiteral("engineProject");
+QString const kDefaultCamera = QStringLiteral("defaultCamera");
+QString const kScene = QStringLiteral("scene");
+QString const kSequence = QStringLiteral("sequence");
+QString const kBlock = QStringLiteral("block");
+QString const kCamera = QStringLiteral("camera");
+QString const kKey = QStringLiteral("key");
+QString const kNodes = QStringLiteral("nodes");
+QString const kVersion = QStringLiteral("version");
+QString const kNextId = QStringLiteral("nextId");
+QString const kName = QStringLiteral("name");
+QString const kDir = QStringLiteral("dir");
+QString const kMatrix = QStringLiteral("matrix");
+QString const kId = QStringLiteral("id");
+QString const kNear = QStringLiteral("near");
+QString const kFar = QStringLiteral("far");
+QString const kFirst = QStringLiteral("first");
+QString const kLast = QStringLiteral("last");
+QString const kKind = QStringLiteral("kind");
+QString const kSceneRef = QStringLiteral("scene");
+QString const kStart = QStringLiteral("start");
+QString const kEnd = QStringLiteral("end");
+QString const kType = QStringLiteral("type");
+QString const kAngle = QStringLiteral("angle");
+QString const kReverse = QStringLiteral("reverse");
+QString const kFrame = QStringLiteral("frame");
+
+// Values of the "kind" attribute of a block.
+QString const kKindScene = QStringLiteral("scene");
+QString const kKindWarp = QStringLiteral("warp");
+QString const kKindTransition = QStringLiteral("transition");
+QString const kKindOther = QStringLiteral("other");
+QString const kKindEmpty = QStringLiteral("empty");
+
+QString const kFormatVersion = QStringLiteral("1");
+
+// --- Writing -------------------------------------------------------------------
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 17);
+}
+
+QString idText(SC_Id const& id)
+{
+    return QString::number(id.value());
+}
+
+QString matrixText(Math::Matrix4x4 const& matrix)
+{
+    QStringList values;
+    for (int i = 0; i < 16; ++i)
+        values << number(matrix.data()[i]);
+    return values.join(QLatin1Char(' '));
+}
+
+void writeMetadatas(QXmlStreamWriter& xml, PIO_Metadatas const& records)
+{
+    PO_XmlWriter writer(xml);
+    PIO_WritingContext context(writer);
+    PIO_MetadatasXml::write(records, context);
+}
+
+void writeBlock(QXmlStreamWriter& xml, AT_FrameBlock const& block)
+{
+    xml.writeStartElement(kBlock);
+    xml.writeAttribute(kFirst, QString::number(block.firstFrame));
+    xml.writeAttribute(kLast, QString::number(block.lastFrame));
+    TUSeq const* seq = block.seq();
+    if (!block.hasSeq) {
+        xml.writeAttribute(kKind, kKindEmpty);
+    } else if (auto const* warp = AT_TimeWarpSeq::toTimeWarp(seq)) {
+        xml.writeAttribute(kKind, kKindWarp);
+        xml.writeAttribute(kSceneRef, idText(warp->sceneId));
+        xml.writeAttribute(kStart, number(warp->start));
+        xml.writeAttribute(kEnd, number(warp->end));
+    } else if (auto const* scene = AT_AbstractSceneSeq::toAbstractScene(seq)) {
+        xml.writeAttribute(kKind, kKindScene);
+        xml.writeAttribute(kSceneRef, idText(scene->sceneId));
+    } else if (auto const* transition = AT_TransitionSeq::toTransition(seq)) {
+        xml.writeAttribute(kKind, kKindTransition);
+        xml.writeAttribute(kId, idText(transition->id));
+        xml.writeAttribute(kType, QString::number(transition->type));
+        xml.writeAttribute(kAngle, QString::number(transition->angle));
+        xml.writeAttribute(kReverse, transition->reverse ? QStringLiteral("true") : QStringLiteral("false"));
+    } else {
+        xml.writeAttribute(kKind, kKindOther);
+    }
+    xml.writeEndElement();
+}
+
+void writeSequence(QXmlStreamWriter& xml, TUSeqTimedValue const& seq)
+{
+    xml.writeStartElement(kSequence);
+    if (!seq.name().isNull())
+        xml.writeAttribute(kName, seq.name());
+    for (unsigned i = 0; i < seq.getBlockCount(); ++i)
+        writeBlock(xml, *seq.blockAt(i));
+    xml.writeEndElement();
+}
+
+void writeCamera(QXmlStreamWriter& xml, TUScene const& scene)
+{
+    if (scene.embeddedCameraKeys().empty())
+        return;
+    xml.writeStartElement(kCamera);
+    for (auto const& key : scene.embeddedCameraKeys()) {
+        xml.writeStartElement(kKey);
+        xml.writeAttribute(kFrame, number(key.first));
+        xml.writeAttribute(kMatrix, matrixText(key.second));
+        xml.writeEndElement();
+    }
+    xml.writeEndElement();
+}
+
+void writeScene(QXmlStreamWriter& xml, TUScene const& scene)
+{
+    xml.writeStartElement(kScene);
+    xml.writeAttribute(kId, idText(scene.id));
+    if (!scene.name().isNull())
+        xml.writeAttribute(kName, scene.name());
+    double nearPlane = 0.0;
+    double farPlane = 0.0;
+    scene.sceneCommon()->cameraPlanes(nearPlane, farPlane);
+    xml.writeAttribute(kNear, number(nearPlane));
+    xml.writeAttribute(kFar, number(farPlane));
+    writeSequence(xml, *scene.sequence());
+    writeCamera(xml, scene);
+    writeMetadatas(xml, *scene.metadatas());
+    HostNodeXml::write(xml, *scene.sceneCommon());
+    xml.writeEndElement();
+}
+
+void writeProject(QXmlStreamWriter& xml, SC_Project const& project)
+{
+    SC_ProjectCommon const* common = project.projectCommon();
+    xml.writeStartElement(kProject);
+    xml.writeAttribute(kVersion, kFormatVersion);
+    xml.writeAttribute(kNextId, QString::number(common->nextIdValue()));
+    TUDbSceneData const* context = common->dbSceneData();
+    if (!context->sceneName().isNull())
+        xml.writeAttribute(kName, context->sceneName());
+    if (!context->projectDir().isNull())
+        xml.writeAttribute(kDir, context->projectDir());
+    xml.writeEmptyElement(kDefaultCamera);
+    xml.writeAttribute(kMatrix, matrixText(common->defaultCameraMatrix()));
+    writeMetadatas(xml, *project.metadatas());
+    for (unsigned i = 0; i < project.sceneCount(); ++i) {
+        if (auto const* scene = dynamic_cast<TUScene const*>(project.sceneAt(i)))
+            writeScene(xml, *scene);
+    }
+    xml.writeEndElement();
+}
+
+// --- Reading -------------------------------------------------------------------
+
+// Where something was read, for messages about it once the whole file is in.
+struct Place
+{
+    qint64 line = 0;
+    qint64 column = 0;
+
+    QString prefix() const { return QStringLiteral("line %1, column %2: ").arg(line).arg(column); }
+};
+
+// Reads one document into a new project, element by element. Every fault stops the
+// reading with a message that names its place; the caller then drops the project.
+class ProjectReader
+{
+public:
+    ProjectReader(QByteArray const& document, SC_Project* project)
+        : m_xml(document)
+        , m_project(project)
+    {
+    }
+
+    bool read(QString* error);
+
+private:
+    Place here() const { return Place { m_xml.lineNumber(), m_xml.columnNumber() }; }
+    bool fail(QString const& message)
+    {
+        if (m_error.isEmpty())
+            m_error = here().prefix() + message;
+        if (!m_xml.hasError())
+            m_xml.raiseError(message);
+        return false;
+    }
+    bool failAt(Place const& place, QString const& message)
+    {
+        m_error = place.prefix() + message;
+        return false;
+    }
+
+    bool nextChild(QString& name);
+    bool required(QString const& name, QString& value);
+    bool readUnsigned(QString const& name, quint64& value, quint64 max);
+    bool readDouble(QString const& name, double& value, bool optional = false);
+    bool readId(QString const& name, SC_Id& id);
+    bool readMatrix(Math::Matrix4x4& matrix);
+
+    bool readRoot();
+    bool readScene();
+    bool readSequence(TUScene& scene);
+    bool readBlock(TUSeqTimedValue& seq);
+    bool readSeq(QString const& kind, std::unique_ptr<TUSeq>& seq);
+    bool readCamera(TUScene& scene);
+    bool readMetadatas(PIO_Metadatas& records);
+
+    bool checkProject();
+    bool checkReferences(TUScene const& scene, std::set<SC_Id>& shown);
+    bool checkCycles();
+
+    QXmlStreamReader m_xml;
+    SC_Project* m_project;
+    QString m_error;
+    quint64 m_nextId = 0;
+    std::map<AT_FrameBlock const*, Place> m_blockPlaces;
+    std::map<SC_SceneBase const*, Place> m_scenePlaces;
+};
+
+// Steps to the next child element of the current one; false at its end (or on error).
+bool ProjectReader::nextChild(QString& name)
+{
+    if (!m_xml.readNextStartElement())
+        return false;
+    name = m_xml.name().toString();
+    return true;
+}
+
+bool ProjectReader::required(QString const& name, QString& value)
+{
+    QXmlStreamAttributes const attributes = m_xml.attributes();
+    if (!attributes.hasAttribute(name))
+        return fail(QStringLiteral("<%1> lacks the attribute \"%2\"").arg(m_xml.name().toString(), name));
+    value = attributes.value(name).toString();
+    return true;
+}
+
+bool ProjectReader::readUnsigned(QString const& name, quint64& value, quint64 max)
+{
+    QString text;
+    if (!required(name, text))
+        return false;
+    bool ok = false;
+    value = text.toULongLong(&ok);
+    if (!ok || value > max)
+        return fail(QStringLiteral("\"%1\" is not a valid value for \"%2\"").arg(text, name));
+    return true;
+}
+
+bool ProjectReader::readDouble(QString const& name, double& value, bool optional)
+{
+    if (optional && !m_xml.attributes().hasAttribute(name))
+        return true;
+    QString text;
+    if (!required(name, text))
+        return false;
+    bool ok = false;
+    value = text.toDouble(&ok);
+    if (!ok || !std::isfinite(value))
+        return fail(QStringLiteral("\"%1\" is not a valid number for \"%2\"").arg(text, name));
+    return true;
+}
+
+bool ProjectReader::readId(QString const& name, SC_Id& id)
+{
+    quint64 value = 0;
+    if (!readUnsigned(name, value, std::numeric_limits<quint64>::max()))
+        return false;
+    if (value == 0)
+        return fail(QStringLiteral("the id in \"%1\" is 0, which is no id").arg(name));
+    id = SC_Id(value);
+    return true;
+}
+
+bool ProjectReader::readMatrix(Math::Matrix4x4& matrix)
+{
+    QString text;
+    if (!required(kMatrix, text))
+        return false;
+    QStringList const parts = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    double values[16];
+    bool ok = parts.size() == 16;
+    for (int i = 0; ok && i < 16; ++i) {
+        values[i] = parts[i].toDouble(&ok);
+        ok = ok && std::isfinite(values[i]);
+    }
+    if (!ok)
+        return fail(QStringLiteral("a matrix needs 16 numbers"));
+    matrix = Math::Matrix4x4(values);
+    return true;
+}
+
+bool ProjectReader::read(QString* error)
+{
+    bool ok = false;
+    if (m_xml.readNextStartElement()) {
+        ok = m_xml.name() == kProject
+            ? readRoot()
+            : fail(QStringLiteral("the document is no engine project (<%1>)").arg(m_xml.name().toString()));
+    }
+    if (ok) {
+        // Nothing but comments and white space may follow the root.
+        while (!m_xml.atEnd() && !m_xml.hasError()) {
+            if (m_xml.readNext() == QXmlStreamReader::StartElement)
+                ok = fail(QStringLiteral("content after the end of the project"));
+        }
+    }
+    if (m_xml.hasError() && m_error.isEmpty())
+        m_error = here().prefix() + m_xml.errorString();
+    if (!m_xml.hasError() && !ok && m_error.isEmpty())
+        m_error = here().prefix() + QStringLiteral("the document holds no project");
+    ok = ok && !m_xml.hasError() && checkProject();
+    if (!ok && error)
+        *error = m_error;
+    return ok;
+}
+
+bool ProjectReader::readRoot()
+{
+    QString version;
+    if (!required(kVersion, version))
+        return false;
+    if (version != kFormatVersion)
+        return fail(QStringLiteral("version \"%1\" of the project file is not known").arg(version));
+    if (!readUnsigned(kNextId, m_nextId, std::numeric_limits<quint64>::max()))
+        return false;
+    QXmlStreamAttributes const attributes = m_xml.attributes();
+    TUDbSceneData* context = m_project->projectCommon()->dbSceneData();
+    if (attributes.hasAttribute(kName))
+        context->setSceneName(attributes.value(kName).toString());
+    if (attributes.hasAttribute(kDir))
+        context->setProjectDir(attributes.value(kDir).toString());
+    bool hadCamera = false;
+    bool hadRecords = false;
+    QString child;
+    while (nextChild(child)) {
+        bool ok = false;
+        if (child == kDefaultCamera && !hadCamera && m_project->sceneCount() == 0) {
+            Math::Matrix4x4 matrix;
+            ok = readMatrix(matrix);
+            m_project->projectCommon()->setDefaultCameraMatrix(matrix);
+            m_xml.skipCurrentElement();
+            hadCamera = true;
+        } else if (child == PIO_MetadatasXml::collectionElement && !hadRecords
+            && m_project->sceneCount() == 0) {
+            ok = readMetadatas(*m_project->metadatas());
+            hadRecords = true;
+        } else if (child == kScene) {
+            ok = readScene();
+        } else {
+            ok = fail(QStringLiteral("unexpected element <%1> in the project").arg(child));
+        }
+        if (!ok)
+            return false;
+    }
+    return !m_xml.hasError();
+}
+
+bool ProjectReader::readScene()
+{
+    Place const place = here();
+    SC_Id id;
+    if (!readId(kId, id))
+        return false;
+    if (m_project->projectCommon()->sceneManager()->find(id))
+        return fail(QStringLiteral("scene id %1 is given twice").arg(id.value()));
+    double nearPlane = 0.1;
+    double farPlane = 1000.0;
+    if (!readDouble(kNear, nearPlane, true) || !readDouble(kFar, farPlane, true))
+        return false;
+    QXmlStreamAttributes const attributes = m_xml.attributes();
+    QString const name = attributes.hasAttribute(kName) ? attributes.value(kName).toString() : QString();
+    TUScene* scene = m_project->createScene(name, id);
+    scene->sceneCommon()->setCameraPlanes(nearPlane, farPlane);
+    m_scenePlaces[scene] = place;
+    std::set<QString> seen;
+    QString child;
+    while (nextChild(child)) {
+        if (!seen.insert(child).second)
+            return fail(QStringLiteral("<%1> is given twice in scene %2").arg(child).arg(id.value()));
+        bool ok = false;
+        if (child == kSequence)
+            ok = readSequence(*scene);
+        else if (child == kCamera)
+            ok = readCamera(*scene);
+        else if (child == PIO_MetadatasXml::collectionElement)
+            ok = readMetadatas(*scene->metadatas());
+        else if (child == kNodes)
+            ok = HostNodeXml::read(m_xml, *scene->sceneCommon(), &m_error) || fail(QString());
+        else
+            ok = fail(QStringLiteral("unexpected element <%1> in scene %2").arg(child).arg(id.value()));
+        if (!ok)
+            return false;
+    }
+    return !m_xml.hasError();
+}
+
+bool ProjectReader::readSequence(TUScene& scene)
+{
+    TUSeqTimedValue* seq = scene.sequence();
+    if (m_xml.attributes().hasAttribute(kName))
+        seq->setName(m_xml.attributes().value(kName).toString());
+    QString child;
+    while (nextChild(child)) {
+        if (child != kBlock)
+            return fail(QStringLiteral("unexpected element <%1> in a sequence").arg(child));
+        if (!readBlock(*seq))
+            return false;
+    }
+    return !m_xml.hasError();
+}
+
+bool ProjectReader::readBlock(TUSeqTimedValue& seq)
+{
+    Place const place = here();
+    quint64 first = 0;
+    quint64 last = 0;
+    QString kind;
+    quint32 const maxFrame = std::numeric_limits<quint32>::max();
+    if (!readUnsigned(kFirst, first, maxFrame) || !readUnsigned(kLast, last, maxFrame)
+        || !required(kKind, kind))
+        return false;
+    std::unique_ptr<TUSeq> content;
+    if (!readSeq(kind, content))
+        return false;
+    bool const empty = kind == kKindEmpty;
+    if (!empty && !content)
+        return false;
+    AT_FrameBlock const* block = seq.insertBlock(seq.getBlockCount(),
+        std::make_unique<AT_FrameBlock>(quint32(first), quint32(last), std::move(content)));
+    m_blockPlaces[block] = place;
+    m_xml.skipCurrentElement();
+    return !m_xml.hasError();
+}
+
+bool ProjectReader::readSeq(QString const& kind, std::unique_ptr<TUSeq>& seq)
+{
+    SC_Id id;
+    if (kind == kKindWarp) {
+        double start = 0.0;
+        double end = 0.0;
+        if (!readId(kSceneRef, id) || !readDouble(kStart, start) || !readDouble(kEnd, end))
+            return false;
+        if (end < start)
+            return fail(QStringLiteral("the time warp ends (%1) before it starts (%2)").arg(end).arg(start));
+        seq = std::make_unique<AT_TimeWarpSeq>(id, start, end);
+    } else if (kind == kKindScene) {
+        if (!readId(kSceneRef, id))
+            return false;
+        seq = std::make_unique<AT_AbstractSceneSeq>(id);
+    } else if (kind == kKindTransition) {
+        QString type;
+        QString angle;
+        QString reverse;
+        if (!readId(kId, id) || !required(kType, type) || !required(kAngle, angle)
+            || !required(kReverse, reverse))
+            return false;
+        bool typeOk = false;
+        bool angleOk = false;
+        int const typeValue = type.toInt(&typeOk);
+        int const angleValue = angle.toInt(&angleOk);
+        if (!typeOk || !angleOk || (reverse != QLatin1String("true") && reverse != QLatin1String("false")))
+            return fail(QStringLiteral("the transition's type, angle or reverse flag is not valid"));
+        seq = std::make_unique<AT_TransitionSeq>(id, typeValue, angleValue, reverse == QLatin1String("true"));
+    } else if (kind == kKindOther) {
+        seq = std::make_unique<TUSeq>();
+    } else if (kind != kKindEmpty) {
+        return fail(QStringLiteral("unknown kind of block \"%1\"").arg(kind));
+    }
+    return true;
+}
+
+bool ProjectReader::readCamera(TUScene& scene)
+{
+    QString child;
+    while (nextChild(child)) {
+        if (child != kKey)
+            return fail(QStringLiteral("unexpected element <%1> in a camera").arg(child));
+        double frame = 0.0;
+        Math::Matrix4x4 matrix;
+        if (!readDouble(kFrame, frame) || !readMatrix(matrix))
+            return false;
+        if (scene.embeddedCameraKeys().count(frame))
+            return fail(QStringLiteral("two camera keys at frame %1").arg(frame));
+        scene.setEmbeddedCameraKey(frame, matrix);
+        m_xml.skipCurrentElement();
+    }
+    return !m_xml.hasError();
+}
+
+bool ProjectReader::readMetadatas(PIO_Metadatas& records)
+{
+    QString message;
+    if (!PIO_MetadatasXml::read(m_xml, records, &message)) {
+        m_error = message;
+        return false;
+    }
+    return true;
+}
+
+// --- Checks once everything is read ------------------------------------------
+
+bool ProjectReader::checkProject()
+{
+    if (m_project->sceneCount() == 0)
+        return failAt(Place { 1, 1 }, QStringLiteral("the project has no scene"));
+    SC_ProjectCommon* common = m_project->projectCommon();
+    // Transition ids are unique in the project and no scene's.
+    std::map<SC_Id, Place> transitionIds;
+    for (auto const& entry : m_blockPlaces) {
+        auto const* transition = AT_TransitionSeq::toTransition(entry.first->seq());
+        if (!transition)
+            continue;
+        if (common->sceneManager()->find(transition->id)
+            || !transitionIds.emplace(transition->id, entry.second).second)
+            return failAt(
+                entry.second, QStringLiteral("transition id %1 is already used").arg(transition->id.value()));
+        common->reserveId(transition->id);
+    }
+    std::set<SC_Id> shown;
+    for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
+        if (!checkReferences(*static_cast<TUScene const*>(m_project->sceneAt(i)), shown))
+            return false;
+    }
+    if (!checkCycles())
+        return false;
+    if (m_nextId < common->nextIdValue())
+        return failAt(Place { 1, 1 },
+            QStringLiteral("\"nextId\" %1 is not above every id of the project").arg(m_nextId));
+    common->reserveId(SC_Id(m_nextId - 1));
+    return true;
+}
+
+// Each block refers to a scene of the project, which it alone shows.
+bool ProjectReader::checkReferences(TUScene const& scene, std::set<SC_Id>& shown)
+{
+    TUSeqTimedValue const* seq = scene.sequence();
+    QString why;
+    if (!seq->isConsistent(&why))
+        return failAt(
+            m_scenePlaces[&scene], QStringLiteral("sequence of scene %1: %2").arg(scene.id.value()).arg(why));
+    for (unsigned i = 0; i < seq->getBlockCount(); ++i) {
+        AT_FrameBlock const* block = seq->blockAt(i);
+        auto const* sceneSeq = AT_AbstractSceneSeq::toAbstractScene(block->seq());
+        if (!sceneSeq)
+            continue;
+        SC_Id const target = sceneSeq->sceneId;
+        SC_SceneBase const* shownScene = m_project->projectCommon()->sceneManager()->find(target);
+        if (!shownScene)
+            return failAt(m_blockPlaces[block],
+                QStringLiteral("the block refers to scene %1, which does not exist").arg(target.value()));
+        if (shownScene == m_project->sceneAt(0) || shownScene == &scene)
+            return failAt(m_blockPlaces[block],
+                QStringLiteral("the block shows scene %1, which cannot be shown there").arg(target.value()));
+        if (!shown.insert(target).second)
+            return failAt(
+                m_blockPlaces[block], QStringLiteral("scene %1 is shown by two blocks").arg(target.value()));
+    }
+    return true;
+}
+
+// A scene may not show itself through other scenes.
+bool ProjectReader::checkCycles()
+{
+    SC_SceneManager const* scenes = m_project->projectCommon()->sceneManager();
+    std::map<SC_SceneBase const*, int> state; // 1: on the walk, 2: done
+    std::function<bool(TUScene const*)> visit = [&](TUScene const* scene) {
+        state[scene] = 1;
+        TUSeqTimedValue const* seq = scene->sequence();
+        for (unsigned i = 0; i < seq->getBlockCount(); ++i) {
+            auto const* sceneSeq = AT_AbstractSceneSeq::toAbstractScene(seq->blockAt(i)->seq());
+            auto const* shown
+                = sceneSeq ? static_cast<TUScene const*>(scenes->find(sceneSeq->sceneId)) : nullptr;
+            if (!shown || state[shown] == 2)
+                continue;
+            if (state[shown] == 1)
+                return failAt(m_blockPlaces[seq->blockAt(i)],
+                    QStringLiteral("scene %1 shows itself through scene %2")
+                        .arg(shown->id.value())
+                        .arg(scene->id.value()));
+            if (!visit(shown))
+                return false;
+        }
+        state[scene] = 2;
+        return true;
+    };
+    for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
+        auto const* scene = static_cast<TUScene const*>(m_project->sceneAt(i));
+        if (state[scene] == 0 && !visit(scene))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+namespace HostProjectFile {
+
+QByteArray toXml(SC_Project const* project)
+{
+    QByteArray document;
+    if (!project)
+        return document;
+    QBuffer buffer(&document);
+    buffer.open(QIODevice::WriteOnly);
+    QXmlStreamWriter xml(&buffer);
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(1);
+    xml.writeStartDocument();
+    writeProject(xml, *project);
+    xml.writeEndDocument();
+    return document;
+}
+
+UT_SharedPtr<SC_Project> fromXml(QByteArray const& document, QString* error, TUSceneChangeManager* manager)
+{
+    // Built on a manager of its own, so that the reading reaches no listener.
+    UT_SharedPtr<SC_Project> project(new SC_Project);
+    ProjectReader reader(document, project.get());
+    if (!reader.read(error))
+        return nullptr;
+    project->projectCommon()->setChangeManager(manager);
+    return project;
+}
+
+bool save(SC_Project const* project, QString const& path, QString* error)
+{
+    auto failed = [&](QString const& message) {
+        if (error)
+            *error = QStringLiteral("%1: %2").arg(path, message);
+        return false;
+    };
+    if (!project)
+        return failed(QStringLiteral("no project to save"));
+    QByteArray const document = toXml(project);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return failed(file.errorString());
+    if (file.write(document) != document.size()) {
+        QString const reason = file.errorString();
+        file.cancelWriting();
+        return failed(reason);
+    }
+    if (!file.commit())
+        return failed(file.errorString());
+    return true;
+}
+
+UT_SharedPtr<SC_Project> load(QString const& path, QString* error, TUSceneChangeManager* manager)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+        return nullptr;
+    }
+    QString message;
+    UT_SharedPtr<SC_Project> project = fromXml(file.readAll(), &message, manager);
+    if (!project && error)
+        *error = QStringLiteral("%1: %2").arg(path, message);
+    return project;
+}
+
+} // namespace HostProjectFile

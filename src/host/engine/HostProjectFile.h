@@ -1,0 +1,36 @@
+// Saving and loading a whole engine project as one XML file.
+#pragma once
+
+#include "host/base/UT_SharedPtr.h"
+
+#include <QByteArray>
+#include <QString>
+
+class SC_Project;
+class TUSceneChangeManager;
+
+/// The project file: the whole state of an engine project in one XML document
+/// (the form is described in src/host/engine/README.md).
+///
+/// Saving writes a temporary file beside the target and renames it over the target
+/// only once everything is written, so a failed save leaves the previous file as it
+/// was. Loading builds a new project and hands it out only when the whole file has
+/// been read and checked: a malformed or inconsistent file gives a null project and
+/// an error that names the place (line and column, and the scene or block). Loading
+/// posts nothing: a loaded project is no edit. Threading: the host's thread.
+namespace HostProjectFile {
+
+/// The document of a project.
+QByteArray toXml(SC_Project const* project);
+/// A new project from a document, posting to `manager` (a manager of its own when
+/// null); null with a message in `error` when the document is refused.
+UT_SharedPtr<SC_Project> fromXml(
+    QByteArray const& document, QString* error = nullptr, TUSceneChangeManager* manager = nullptr);
+
+/// Saves atomically; false with a message in `error` on failure, the file untouched.
+bool save(SC_Project const* project, QString const& path, QString* error = nullptr);
+/// Loads a file, as fromXml.
+UT_SharedPtr<SC_Project> load(
+    QString const& path, QString* error = nullptr, TUSceneChangeManager* manager = nullptr);
+
+} // namespace HostProjectFile

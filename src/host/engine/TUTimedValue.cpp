@@ -1,0 +1,372 @@
+#include "host/engine/TUTimedValue.h"
+
+#include "host/engine/MO_Node.h"
+#include "host/engine/SC_ProjectCommon.h"
+#include "host/engine/TUScene.h"
+#include "host/engine/TUSceneChangeManager.h"
+
+#include <algorithm>
+
+class TUTimedValue::TUTimedValuePrivate
+{
+public:
+    QString name;
+    std::vector<UT_SharedWeakPtr<MO_Node>> links;
+
+    std::vector<UT_SharedWeakPtr<MO_Node>>::iterator find(MO_Node* node)
+    {
+        return std::find_if(links.begin(), links.end(),
+            [node](UT_SharedWeakPtr<MO_Node> const& link) { return link.get() == node; });
+    }
+};
+
+TUTimedValue::TUTimedValue(SC_SceneCommon* scene, QString const& name)
+    : sceneCommon(scene)
+    , d(new TUTimedValuePrivate)
+{
+    d->name = name;
+}
+
+TUTimedValue::~TUTimedValue()
+{
+    delete d;
+}
+
+QString const& TUTimedValue::name() const
+{
+    return d->name;
+}
+
+void TUTimedValue::setName(QString const& name)
+{
+    if (name == d->name)
+        return;
+    d->name = name;
+    if (TUSceneChangeManager* manager = changeManager())
+        manager->postTimedValueNameChanged(this);
+}
+
+MO_Node* TUTimedValue::linkedNodes(unsigned index) const
+{
+    return index < d->links.size() ? d->links[index].get() : nullptr;
+}
+
+unsigned TUTimedValue::linkedNodeCount() const
+{
+    return unsigned(d->links.size());
+}
+
+void TUTimedValue::linkNode(MO_Node* node)
+{
+    if (!node || d->find(node) != d->links.end())
+        return;
+    d->links.emplace_back(node);
+    if (TUSceneChangeManager* manager = changeManager())
+        manager->postNodeLinksChanged(node);
+}
+
+void TUTimedValue::unlinkNode(MO_Node* node)
+{
+    auto it = d->find(node);
+    if (!node || it == d->links.end())
+        return;
+    d->links.erase(it);
+    if (TUSceneChangeManager* manager = changeManager())
+        manager->postNodeLinksChanged(node);
+}
+
+TUSceneChangeManager* TUTimedValue::changeManager() const
+{
+    if (!sceneCommon || !sceneCommon->projectCommon())
+        return nullptr;
+    return sceneCommon->projectCommon()->changeManager();
+}
+
+void TUTimedValue::postChanged()
+{
+    if (TUSceneChangeManager* manager = changeManager())
+        manager->postTimedValueChanged(this);
+}
+
+namespace {
+
+// Sorted views over a sequence's blocks, for the binary searches of the lookups.
+struct BlockIndex
+{
+    bool dirty = true;
+    std::vector<quint32> contentFirsts;
+    std::vector<AT_FrameBlock const*> content;
+    std::vector<quint32> transitionFirsts;
+    std::vector<AT_FrameBlock const*> transitions;
+    std::vector<quint32> firsts;
+    std::vector<quint32> lasts;
+    quint32 lastFrame = 0;
+
+    void rebuild(std::vector<std::unique_ptr<AT_FrameBlock>> const& blocks)
+    {
+        *this = BlockIndex();
+        for (auto const& block : blocks) {
+            if (block->isTransition()) {
+                transitionFirsts.push_back(block->firstFrame);
+                transitions.push_back(block.get());
+            } else {
+                contentFirsts.push_back(block->firstFrame);
+                content.push_back(block.get());
+            }
+            firsts.push_back(block->firstFrame);
+            lasts.push_back(block->lastFrame);
+            lastFrame = std::max(lastFrame, block->lastFrame);
+        }
+        std::sort(firsts.begin(), firsts.end());
+        std::sort(lasts.begin(), lasts.end());
+        dirty = false;
+    }
+
+    // The last block of a run sorted by first frame that starts at or before the frame,
+    // if it covers the frame.
+    static AT_FrameBlock const* covering(
+        std::vector<quint32> const& starts, std::vector<AT_FrameBlock const*> const& blocks, quint32 frame)
+    {
+        auto it = std::upper_bound(starts.begin(), starts.end(), frame);
+        if (it == starts.begin())
+            return nullptr;
+        AT_FrameBlock const* block = blocks[size_t(it - starts.begin()) - 1];
+        return block->lastFrame >= frame ? block : nullptr;
+    }
+};
+
+QString blockProblem(unsigned index, QString const& what)
+{
+    return QStringLiteral("block %1: %2").arg(index).arg(what);
+}
+
+} // namespace
+
+class TUSeqTimedValue::TUSeqTimedValuePrivate
+{
+public:
+    std::vector<std::unique_ptr<AT_FrameBlock>> blocks;
+    mutable BlockIndex index;
+
+    BlockIndex const& upToDate() const
+    {
+        if (index.dirty)
+            index.rebuild(blocks);
+        return index;
+    }
+    void renumberFrom(size_t from)
+    {
+        for (size_t i = from; i < blocks.size(); ++i)
+            blocks[i]->m_index = quint32(i);
+        index.dirty = true;
+    }
+};
+
+TUSeqTimedValue::TUSeqTimedValue(SC_SceneCommon* scene, QString const& name)
+    : TUTimedValue(scene, name)
+    , s(new TUSeqTimedValuePrivate)
+{
+}
+
+TUSeqTimedValue::~TUSeqTimedValue()
+{
+    delete s;
+}
+
+AT_FrameBlock const* TUSeqTimedValue::getBlock(double frame) const
+{
+    if (frame < 0.0)
+        return nullptr;
+    quint32 const whole = AT_Frame::wholeFrame(frame);
+    BlockIndex const& index = s->upToDate();
+    if (AT_FrameBlock const* transition
+        = BlockIndex::covering(index.transitionFirsts, index.transitions, whole))
+        return transition;
+    return BlockIndex::covering(index.contentFirsts, index.content, whole);
+}
+
+unsigned TUSeqTimedValue::getBlockCount(double frame) const
+{
+    if (frame < 0.0)
+        return 0;
+    quint32 const whole = AT_Frame::wholeFrame(frame);
+    BlockIndex const& index = s->upToDate();
+    // Blocks that start at or before the frame, less those that end before it.
+    auto const started
+        = std::upper_bound(index.firsts.begin(), index.firsts.end(), whole) - index.firsts.begin();
+    auto const ended = std::lower_bound(index.lasts.begin(), index.lasts.end(), whole) - index.lasts.begin();
+    return unsigned(started - ended);
+}
+
+unsigned TUSeqTimedValue::getBlockCount() const
+{
+    return unsigned(s->blocks.size());
+}
+
+AT_FrameBlock const* TUSeqTimedValue::getNextBlock(AT_FrameBlock const* block) const
+{
+    if (!block || block->m_owner != this)
+        return nullptr;
+    return blockAt(block->m_index + 1);
+}
+
+AT_FrameBlock const* TUSeqTimedValue::getPrevBlock(AT_FrameBlock const* block) const
+{
+    if (!block || block->m_owner != this || block->m_index == 0)
+        return nullptr;
+    return blockAt(block->m_index - 1);
+}
+
+unsigned TUSeqTimedValue::nFrames() const
+{
+    return s->upToDate().lastFrame;
+}
+
+AT_FrameBlock const* TUSeqTimedValue::blockAt(unsigned index) const
+{
+    return index < s->blocks.size() ? s->blocks[index].get() : nullptr;
+}
+
+int TUSeqTimedValue::indexOf(AT_FrameBlock const* block) const
+{
+    if (!block || block->m_owner != this)
+        return -1;
+    return int(block->m_index);
+}
+
+AT_FrameBlock const* TUSeqTimedValue::findBlock(SC_Id const& id) const
+{
+    for (auto const& block : s->blocks) {
+        if (auto const* scene = AT_AbstractSceneSeq::toAbstractScene(block->seq())) {
+            if (scene->sceneId == id)
+                return block.get();
+        } else if (auto const* transition = AT_TransitionSeq::toTransition(block->seq())) {
+            if (transition->id == id)
+                return block.get();
+        }
+    }
+    return nullptr;
+}
+
+bool TUSeqTimedValue::isConsistent(QString* why) const
+{
+    auto fail = [why](unsigned index, QString const& what) {
+        if (why)
+            *why = blockProblem(index, what);
+        return false;
+    };
+    AT_FrameBlock const* previous = nullptr;
+    AT_FrameBlock const* contentBefore = nullptr; // the content block before `content`
+    AT_FrameBlock const* content = nullptr; // the last content block seen
+    AT_FrameBlock const* transition = nullptr; // the last transition seen
+    for (unsigned i = 0; i < s->blocks.size(); ++i) {
+        AT_FrameBlock const* block = s->blocks[i].get();
+        if (block->firstFrame < 1)
+            return fail(i, QStringLiteral("first frame %1 is below 1").arg(block->firstFrame));
+        if (block->lastFrame < block->firstFrame)
+            return fail(i,
+                QStringLiteral("last frame %1 is before first frame %2")
+                    .arg(block->lastFrame)
+                    .arg(block->firstFrame));
+        if (previous
+            && (block->firstFrame < previous->firstFrame
+                || (block->firstFrame == previous->firstFrame
+                    && !(previous->isTransition() && !block->isTransition()))))
+            return fail(i,
+                QStringLiteral("out of order: starts at frame %1, the block before at %2")
+                    .arg(block->firstFrame)
+                    .arg(previous->firstFrame));
+        previous = block;
+        if (block->isTransition()) {
+            if (transition && block->firstFrame <= transition->lastFrame)
+                return fail(i, QStringLiteral("transition overlaps the transition before it"));
+            transition = block;
+            continue;
+        }
+        if (content && block->lastFrame <= content->lastFrame)
+            return fail(i, QStringLiteral("lies inside the block before it"));
+        if (contentBefore && block->firstFrame <= contentBefore->lastFrame)
+            return fail(i, QStringLiteral("overlaps two blocks before it"));
+        if (content && block->firstFrame <= content->lastFrame) {
+            BlockIndex const& index = s->upToDate();
+            AT_FrameBlock const* cover
+                = BlockIndex::covering(index.transitionFirsts, index.transitions, block->firstFrame);
+            if (!cover || cover->lastFrame < content->lastFrame)
+                return fail(i,
+                    QStringLiteral("overlaps the block before it (frames %1 to %2) outside a transition")
+                        .arg(block->firstFrame)
+                        .arg(content->lastFrame));
+        }
+        contentBefore = content;
+        content = block;
+    }
+    return true;
+}
+
+AT_FrameBlock* TUSeqTimedValue::insertBlock(unsigned index, std::unique_ptr<AT_FrameBlock> block)
+{
+    if (!block)
+        return nullptr;
+    size_t const at = std::min<size_t>(index, s->blocks.size());
+    AT_FrameBlock* raw = block.get();
+    raw->m_owner = this;
+    s->blocks.insert(s->blocks.begin() + at, std::move(block));
+    s->renumberFrom(at);
+    postChanged();
+    return raw;
+}
+
+std::unique_ptr<AT_FrameBlock> TUSeqTimedValue::takeBlock(unsigned index)
+{
+    if (index >= s->blocks.size())
+        return nullptr;
+    std::unique_ptr<AT_FrameBlock> block = std::move(s->blocks[index]);
+    s->blocks.erase(s->blocks.begin() + index);
+    block->m_owner = nullptr;
+    block->m_index = 0;
+    s->renumberFrom(index);
+    postChanged();
+    return block;
+}
+
+void TUSeqTimedValue::setBlockRange(unsigned index, quint32 first, quint32 last)
+{
+    if (index >= s->blocks.size())
+        return;
+    s->blocks[index]->firstFrame = first;
+    s->blocks[index]->lastFrame = last;
+    s->index.dirty = true;
+    postChanged();
+}
+
+void TUSeqTimedValue::shiftBlocks(unsigned from, qint64 delta)
+{
+    for (size_t i = from; i < s->blocks.size(); ++i) {
+        AT_FrameBlock& block = *s->blocks[i];
+        block.firstFrame = quint32(qint64(block.firstFrame) + delta);
+        block.lastFrame = quint32(qint64(block.lastFrame) + delta);
+    }
+    s->index.dirty = true;
+    postChanged();
+}
+
+AT_FrameBlock* TUSeqTimedValue::editBlock(unsigned index)
+{
+    if (index >= s->blocks.size())
+        return nullptr;
+    s->index.dirty = true;
+    return s->blocks[index].get();
+}
+
+void TUSeqTimedValue::touch()
+{
+    s->index.dirty = true;
+    postChanged();
+}
+
+void TUSeqTimedValue::clearBlocks()
+{
+    s->blocks.clear();
+    s->index.dirty = true;
+    postChanged();
+}
