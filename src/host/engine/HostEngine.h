@@ -3,6 +3,20 @@
 // so that the stand-in is free to arrange its files as it likes.
 #pragma once
 
+// Timeline, project and scenes, change manager, session, authoring and project files.
+#include "host/engine/AT_FrameBlock.h"
+#include "host/engine/HostAuthoring.h"
+#include "host/engine/HostProjectFile.h"
+#include "host/engine/HostStoryboardBuilder.h"
+#include "host/engine/MO_FrameKey.h"
+#include "host/engine/SC_Id.h"
+#include "host/engine/SC_Project.h"
+#include "host/engine/SC_ProjectCommon.h"
+#include "host/engine/SC_SceneManager.h"
+#include "host/engine/SC_SessionContext.h"
+#include "host/engine/TUScene.h"
+#include "host/engine/TUSceneChangeManager.h"
+#include "host/engine/TUTimedValue.h"
 
 // Nodes, visitors, drawings and selection.
 #include "host/engine/AT_DrawingAttr.h"
