@@ -7,6 +7,7 @@
 #include "host/base/MSG_Scope.h"
 #include "host/base/Math_Matrix4x4.h"
 #include "host/base/Math_Point2d.h"
+#include "host/base/UT_DoubleText.h"
 #include "host/base/UT_Id.h"
 #include "host/base/UT_ShareBase.h"
 #include "host/base/UT_SharedPtr.h"

@@ -1,8 +1,6 @@
 #include "host/persistence/PO_Utils.h"
 
-#include <QLocale>
-
-#include <cmath>
+#include "host/base/UT_DoubleText.h"
 
 namespace PO_Utils {
 
@@ -39,11 +37,7 @@ bool parseBoolAttr(QString const& text, bool& value)
 
 QString doubleToString(double value)
 {
-    if (std::isnan(value))
-        return QStringLiteral("nan");
-    if (std::isinf(value))
-        return value > 0 ? QStringLiteral("inf") : QStringLiteral("-inf");
-    return QString::number(value, 'g', QLocale::FloatingPointShortest);
+    return UT_doubleToText(value);
 }
 
 QString binaryToString(unsigned char const* data, int length)
@@ -56,6 +50,9 @@ QString binaryToString(unsigned char const* data, int length)
 
 bool parseBinaryAttr(QString const& text, QByteArray& bytes)
 {
+    // The writer always pads; anything else did not come from it.
+    if (text.size() % 4 != 0)
+        return false;
     for (QChar const c : text) {
         if (c.unicode() > 0x7F)
             return false;

@@ -1,13 +1,12 @@
 #include "host/prefs/PR_Preference.h"
 
+#include "host/base/UT_DoubleText.h"
+
 #include <QFile>
-#include <QLocale>
 #include <QMap>
 #include <QSaveFile>
 #include <QTextCodec>
 #include <QVariant>
-
-#include <cmath>
 
 PR_Preference* tuPref = nullptr;
 
@@ -19,22 +18,13 @@ QLatin1String const doubleKind("double");
 QLatin1String const stringKind("string");
 QLatin1String const separator(" = ");
 
-QString doubleText(double value)
-{
-    if (std::isnan(value))
-        return QStringLiteral("nan");
-    if (std::isinf(value))
-        return value > 0 ? QStringLiteral("inf") : QStringLiteral("-inf");
-    return QString::number(value, 'g', QLocale::FloatingPointShortest);
-}
-
 QString valueText(QVariant const& value)
 {
     switch (value.type()) {
     case QVariant::Bool:
         return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
     case QVariant::Double:
-        return doubleText(value.toDouble());
+        return UT_doubleToText(value.toDouble());
     default:
         return value.toString();
     }
@@ -160,9 +150,10 @@ bool parseLine(QString const& line, Store& store)
     int const keyEnd = line.indexOf(separator, kindEnd + 1);
     if (kindEnd <= 0 || keyEnd <= kindEnd + 1)
         return false;
+    QString const rawKey = line.mid(kindEnd + 1, keyEnd - kindEnd - 1);
     QString key;
     QString text;
-    if (!unescaped(line.mid(kindEnd + 1, keyEnd - kindEnd - 1), key) || key.contains(QLatin1Char(' '))
+    if (rawKey.contains(QLatin1Char(' ')) || !unescaped(rawKey, key)
         || !unescaped(line.mid(keyEnd + separator.size()), text))
         return false;
     QVariant const value = parsedValue(line.left(kindEnd), text);

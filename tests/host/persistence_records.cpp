@@ -1,0 +1,181 @@
+// Generic records, the factory and the record collection.
+#include "host/base/HostBase.h"
+#include "host/persistence/HostPersistence.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+TEST(PersistenceGeneric, FreshRecordsHoldNoValueUntilSet)
+{
+    PIO_MetadataString text(QStringLiteral("projectTitle"));
+    PIO_MetadataInt number(QStringLiteral("projectStartTime"));
+    PIO_MetadataDouble real(QStringLiteral("filmWidth"));
+    PIO_MetadataBool flag(QStringLiteral("sequenceExists"));
+    for (PIO_Metadata const* meta :
+        std::initializer_list<PIO_Metadata const*> { &text, &number, &real, &flag })
+        EXPECT_FALSE(meta->isValid()) << qPrintable(meta->metaType());
+    EXPECT_TRUE(text.valueString().isNull());
+    EXPECT_EQ(number.valueInt(), 0);
+    EXPECT_EQ(real.valueDouble(), 0.0);
+    EXPECT_FALSE(flag.valueBool());
+
+    text.setValue(QString());
+    number.setValue(0);
+    real.setValue(1.5);
+    flag.setValue(false);
+    for (PIO_Metadata const* meta :
+        std::initializer_list<PIO_Metadata const*> { &text, &number, &real, &flag })
+        EXPECT_TRUE(meta->isValid()) << qPrintable(meta->metaType());
+    EXPECT_EQ(real.valueDouble(), 1.5);
+}
+
+TEST(PersistenceGeneric, NameRouteTakesKeywordVersionAndProgramName)
+{
+    whoami::setProgName(QStringLiteral("writer-app"));
+    PIO_MetadataDouble const meta(QStringLiteral("filmWidth"));
+    whoami::setProgName(QString());
+    EXPECT_EQ(meta.metaType(), QStringLiteral("double"));
+    EXPECT_EQ(meta.metaName(), QStringLiteral("filmWidth"));
+    EXPECT_EQ(meta.creator(), QStringLiteral("writer-app"));
+    EXPECT_EQ(meta.version(), PIO_MetadataDouble::kVersion);
+    EXPECT_TRUE(PIO_MetadataBool().metaName().isNull());
+}
+
+TEST(PersistenceGeneric, CloneIsIndependentAndKeepsIdentity)
+{
+    PIO_MetadataInt original(QStringLiteral("n"), QStringLiteral("old-app"), QStringLiteral("0.9"));
+    original.setValue(5);
+    std::unique_ptr<PIO_MetadataInt> copy(dynamic_cast<PIO_MetadataInt*>(original.clone()));
+    ASSERT_TRUE(copy);
+    original.setValue(6);
+    EXPECT_EQ(copy->valueInt(), 5);
+    EXPECT_EQ(copy->creator(), QStringLiteral("old-app"));
+    EXPECT_EQ(copy->version(), QStringLiteral("0.9"));
+    EXPECT_EQ(copy->metaName(), QStringLiteral("n"));
+}
+
+TEST(PersistenceGeneric, DumpStartsWithTheIdentityLine)
+{
+    PIO_MetadataDouble meta(QStringLiteral("w"), QStringLiteral("app"), QStringLiteral("1.0"));
+    QString dump = QStringLiteral(">");
+    meta.dumpToString(dump);
+    EXPECT_EQ(dump, QStringLiteral(">Metadata type=double, name=w, creator=app, version=1.0\nno value\n"));
+    meta.setValue(1.4173228346456694);
+    dump.clear();
+    meta.dumpToString(dump);
+    EXPECT_TRUE(dump.endsWith(QStringLiteral("value=1.41732\n"))) << qPrintable(dump);
+}
+
+TEST(PersistenceFactory, BaseBuildsTheGenericRecordsWithTheGivenIdentity)
+{
+    PIO_MetadataFactory* base = PIO_MetadataFactory::instance();
+    ASSERT_EQ(PIO_MetadataFactory::registered(), nullptr);
+    for (QString const& keyword : { PIO_MetadataString::kKeyword, PIO_MetadataInt::kKeyword,
+             PIO_MetadataDouble::kKeyword, PIO_MetadataBool::kKeyword }) {
+        std::unique_ptr<PIO_Metadata> meta(
+            base->createMeta(keyword, QStringLiteral("n"), QStringLiteral("c"), QStringLiteral("7.1")));
+        ASSERT_TRUE(meta) << qPrintable(keyword);
+        EXPECT_EQ(meta->metaType(), keyword);
+        EXPECT_EQ(meta->metaName(), QStringLiteral("n"));
+        EXPECT_EQ(meta->creator(), QStringLiteral("c"));
+        EXPECT_EQ(meta->version(), QStringLiteral("7.1"));
+    }
+    EXPECT_EQ(base->createMeta(QStringLiteral("sceneInfo"), {}, {}, {}), nullptr);
+    EXPECT_EQ(base->createMeta(QStringLiteral("String"), {}, {}, {}), nullptr);
+}
+
+class CountingFactory : public PIO_MetadataFactory
+{
+public:
+    PIO_Metadata* createMeta(
+        QString const& keyword, QString const& name, QString const& creator, QString const& version) override
+    {
+        ++calls;
+        return PIO_MetadataFactory::createMeta(keyword, name, creator, version);
+    }
+    int calls = 0;
+};
+
+TEST(PersistenceFactory, RegisteredFactoryIsAskedAndUnregistersWhenDestroyed)
+{
+    {
+        CountingFactory factory;
+        PIO_MetadataFactory::registerImpl(&factory);
+        EXPECT_EQ(PIO_MetadataFactory::instance(), &factory);
+        delete PIO_MetadataFactory::instance()->createMeta(QStringLiteral("int"), {}, {}, {});
+        EXPECT_EQ(factory.calls, 1);
+    }
+    EXPECT_EQ(PIO_MetadataFactory::registered(), nullptr);
+    EXPECT_NE(PIO_MetadataFactory::instance(), nullptr);
+}
+
+// A record that counts its destructions, to see who owns it.
+class CountedRecord : public PIO_MetadataBool
+{
+public:
+    CountedRecord(QString const& name, int* deaths)
+        : PIO_MetadataBool(name)
+        , deaths(deaths)
+    {
+    }
+    ~CountedRecord() override { ++*deaths; }
+    int* deaths;
+};
+
+TEST(PersistenceCollection, OwnsItsRecordsOnceInInsertionOrder)
+{
+    int deaths = 0;
+    auto* a = new CountedRecord(QStringLiteral("a"), &deaths);
+    auto* b = new CountedRecord(QStringLiteral("b"), &deaths);
+    {
+        PIO_Metadatas metas;
+        metas.add(a);
+        metas.add(b);
+        metas.add(a);
+        metas.add(nullptr);
+        ASSERT_EQ(metas.size(), 2);
+        EXPECT_EQ(*metas.begin(), a);
+        EXPECT_EQ(*(metas.begin() + 1), b);
+        EXPECT_TRUE(metas.contains(b));
+        CountedRecord stranger(QStringLiteral("a"), &deaths);
+        EXPECT_FALSE(metas.contains(&stranger));
+        EXPECT_TRUE(metas.take(a));
+        EXPECT_FALSE(metas.take(a));
+    }
+    EXPECT_EQ(deaths, 2); // b and the stranger; a was taken back
+    delete a;
+}
+
+TEST(PersistenceCollection, LookupByTypeAndName)
+{
+    PIO_Metadatas metas;
+    auto* nameless = new PIO_MetadataString(QString());
+    auto* title = new PIO_MetadataString(QStringLiteral("projectTitle"));
+    auto* flag = new PIO_MetadataBool(QStringLiteral("projectTitle"));
+    metas.add(nameless);
+    metas.add(title);
+    metas.add(flag);
+    struct Case
+    {
+        QString type;
+        QString name;
+        PIO_Metadata* expected;
+    };
+    Case const cases[] = {
+        { QStringLiteral("string"), QString(), nameless },
+        { QStringLiteral("string"), QStringLiteral("string"),
+            nameless }, // a nameless record answers to its type
+        { QStringLiteral("string"), QStringLiteral("projectTitle"), title },
+        { QStringLiteral("bool"), QStringLiteral("projectTitle"), flag },
+        { QStringLiteral("bool"), QStringLiteral("bool"), nullptr },
+        { QStringLiteral("int"), QString(), nullptr },
+        { QStringLiteral("String"), QString(), nullptr },
+    };
+    for (Case const& c : cases)
+        EXPECT_EQ(metas.metadata(c.type, c.name), c.expected) << qPrintable(c.type + '/' + c.name);
+}
+
+} // namespace

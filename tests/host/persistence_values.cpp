@@ -1,0 +1,184 @@
+// Attribute text forms, the XML writer, binary attributes and memory files.
+#include "host/persistence/HostPersistence.h"
+
+#include <gtest/gtest.h>
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace {
+
+TEST(PersistenceBool, ParsesExactlyWhatTheWriterWrites)
+{
+    struct Case
+    {
+        char const* text;
+        bool accepted;
+        bool value;
+    };
+    Case const cases[] = { { "true", true, true }, { "false", true, false }, { "TRUE", false, false },
+        { "1", false, false }, { "", false, false }, { " true", false, false }, { "falsey", false, false } };
+    for (Case const& c : cases) {
+        bool value = !c.value;
+        bool const untouched = value;
+        EXPECT_EQ(PO_Utils::parseBoolAttr(QString::fromUtf8(c.text), value), c.accepted) << c.text;
+        EXPECT_EQ(value, c.accepted ? c.value : untouched) << c.text;
+    }
+    for (bool b : { true, false }) {
+        bool back = !b;
+        ASSERT_TRUE(PO_Utils::parseBoolAttr(PO_Utils::boolToString(b), back));
+        EXPECT_EQ(back, b);
+    }
+}
+
+class PersistenceDouble : public ::testing::TestWithParam<double>
+{
+};
+
+TEST_P(PersistenceDouble, TextReadsBackBitExact)
+{
+    double const value = GetParam();
+    bool ok = false;
+    double const back = PO_Utils::doubleToString(value).toDouble(&ok);
+    ASSERT_TRUE(ok) << qPrintable(PO_Utils::doubleToString(value));
+    if (std::isnan(value))
+        EXPECT_TRUE(std::isnan(back));
+    else
+        EXPECT_EQ(std::memcmp(&value, &back, sizeof value), 0) << qPrintable(PO_Utils::doubleToString(value));
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, PersistenceDouble,
+    ::testing::Values(0.0, -0.0, 0.1, 1.0 / 3.0, 2.6666666666666665, 1.4173228346456694, 9007199254740993.0,
+        1e300, -1e-300, std::numeric_limits<double>::max(), std::numeric_limits<double>::min(),
+        std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::infinity(),
+        -std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()));
+
+// Writes through a PO_XmlWriter into a document and hands back the text.
+template <class Body> QByteArray writeWith(Body body)
+{
+    QByteArray out;
+    QXmlStreamWriter stream(&out);
+    PO_XmlWriter writer(stream);
+    body(writer);
+    return out;
+}
+
+TEST(PersistenceWriter, WritesAttributesInOrderWithTheirTextForms)
+{
+    QByteArray const xml = writeWith([](PO_XmlWriter& w) {
+        w.beginElement(QStringLiteral("e"));
+        w.encodeStringAttr(QStringLiteral("s"), QStringLiteral("a\"<&>\n"));
+        w.encodeIntAttr(QStringLiteral("i"), -42);
+        w.encodeDoubleAttr(QStringLiteral("d"), 0.1);
+        w.encodeBoolAttr(QStringLiteral("b"), true);
+        w.endElement();
+    });
+    EXPECT_EQ(xml, QByteArray("<e s=\"a&quot;&lt;&amp;&gt;&#10;\" i=\"-42\" d=\"0.1\" b=\"true\"/>"));
+}
+
+TEST(PersistenceWriter, MisplacedCallsNeverBreakTheDocument)
+{
+    QByteArray const xml = writeWith([](PO_XmlWriter& w) {
+        w.beginElement(QStringLiteral("outer"));
+        w.beginElement(QStringLiteral("inner"));
+        w.endElement();
+        w.encodeIntAttr(QStringLiteral("late"), 1); // after a child: dropped
+        w.writeCharacters(
+            QString::fromUtf8("bad\x01\x02 \xed\xa0\x80", 9) + QChar(0xD800) + QStringLiteral("ok"));
+        w.endElement();
+        EXPECT_EQ(w.depth(), 0);
+        w.endElement(); // nothing open: ignored
+    });
+    QXmlStreamReader reader(xml);
+    QString text;
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::Characters)
+            text += reader.text();
+    }
+    EXPECT_FALSE(reader.hasError()) << qPrintable(reader.errorString()) << xml.constData();
+    EXPECT_FALSE(xml.contains("late"));
+    EXPECT_TRUE(text.startsWith(QStringLiteral("bad\xFFFD\xFFFD ")));
+    EXPECT_TRUE(text.endsWith(QStringLiteral("\xFFFDok")));
+}
+
+TEST(PersistenceWriter, KeepsValidSurrogatePairs)
+{
+    QString const emoji = QString::fromUtf8("\xf0\x9f\x8e\xac");
+    EXPECT_EQ(PO_Utils::xmlSafe(emoji + QChar(0xDC00)), emoji + QChar(QChar::ReplacementCharacter));
+}
+
+QXmlAttributes attributesOf(QByteArray const& xml)
+{
+    QXmlStreamReader reader(xml);
+    while (!reader.isStartElement() || reader.name() != QLatin1String("value"))
+        reader.readNext();
+    QXmlAttributes result;
+    for (QXmlStreamAttribute const& a : reader.attributes())
+        result.append(a.qualifiedName().toString(), QString(), a.name().toString(), a.value().toString());
+    return result;
+}
+
+TEST(PersistenceBinary, ElementReadsBackExactlyIntoAMemoryFile)
+{
+    for (int length : { 0, 1, 2, 3, 256, 1000 }) {
+        QByteArray bytes;
+        for (int i = 0; i < length; ++i)
+            bytes.append(char((i * 37) & 0xFF));
+        QByteArray const xml = writeWith([&](PO_XmlWriter& w) {
+            w.encodeBinaryElement(QStringLiteral("value"), QStringLiteral("data"),
+                reinterpret_cast<unsigned char const*>(bytes.constData()), bytes.size());
+        });
+        DB_MemFile file;
+        file.Write("stale", 5);
+        ASSERT_TRUE(PIO_XML::ComponentReader::getBinaryStreamFromAttribute(
+            file, QStringLiteral("data"), attributesOf(xml)));
+        EXPECT_EQ(file.GetLength(), length);
+        EXPECT_EQ(file.toByteArray(), bytes);
+    }
+}
+
+TEST(PersistenceBinary, MissingOrDamagedAttributeLeavesTheFileAlone)
+{
+    for (char const* xml : { "<value other=\"AAAA\"/>", "<value data=\"A*==\"/>", "<value data=\"AAA\"/>",
+             "<value data=\"\xc3\xa9\xc3\xa9\"/>" }) {
+        DB_MemFile file;
+        file.Write("keep", 4);
+        EXPECT_FALSE(PIO_XML::ComponentReader::getBinaryStreamFromAttribute(
+            file, QStringLiteral("data"), attributesOf(xml)))
+            << xml;
+        EXPECT_EQ(file.toByteArray(), QByteArray("keep"));
+    }
+}
+
+TEST(PersistenceMemFile, GrowsAndCopiesIndependently)
+{
+    DB_MemFile file;
+    EXPECT_EQ(file.GetLength(), 0);
+    file.Write("ab", 2);
+    file.Write(nullptr, 3);
+    file.Write("cd", 2);
+    DB_MemFile copy(file);
+    file.Clear();
+    EXPECT_EQ(copy.GetLength(), 4);
+    EXPECT_EQ(std::memcmp(copy.GetBuffer(), "abcd", 4), 0);
+    EXPECT_EQ(file.GetLength(), 0);
+}
+
+TEST(PersistenceWritingContext, FlagsReadFalseUntilSet)
+{
+    QByteArray out;
+    QXmlStreamWriter stream(&out);
+    PO_XmlWriter writer(stream);
+    PIO_WritingContext context(writer);
+    EXPECT_EQ(&context.writer(), &writer);
+    EXPECT_FALSE(context.GetAttribute(QStringLiteral("for_drag")));
+    context.SetAttribute(QStringLiteral("for_drag"), true);
+    EXPECT_TRUE(context.GetAttribute(QStringLiteral("for_drag")));
+    EXPECT_FALSE(context.GetAttribute(QStringLiteral("For_Drag")));
+}
+
+} // namespace

@@ -1,0 +1,351 @@
+// Writing and reading record collections as XML.
+#include "host/persistence/HostPersistence.h"
+
+#include <gtest/gtest.h>
+
+#include <QXmlStreamReader>
+
+#include <cmath>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+QByteArray document(char const* entries)
+{
+    return QByteArray("<?xml version=\"1.0\"?>\n<metadatas>\n") + entries + "\n</metadatas>\n";
+}
+
+template <class Record> Record* recordAt(PIO_Metadatas const& metas, int index)
+{
+    return dynamic_cast<Record*>(*(metas.begin() + index));
+}
+
+TEST(PersistenceXml, GenericRecordsRoundTripWithTheirIdentity)
+{
+    PIO_Metadatas metas;
+    auto* title = new PIO_MetadataString(
+        QStringLiteral("projectTitle"), QStringLiteral("app"), QStringLiteral("1.0"));
+    title->setValue(QStringLiteral("A <\"title\"> & more\n\ttabbed  "));
+    auto* start = new PIO_MetadataInt(QStringLiteral("projectStartTime"));
+    start->setValue(-2147483647 - 1);
+    auto* width = new PIO_MetadataDouble(QString(), QString(), QStringLiteral(""));
+    width->setValue(0.1 + 0.2);
+    auto* flag = new PIO_MetadataBool(QStringLiteral(""));
+    flag->setValue(true);
+    auto* unset = new PIO_MetadataDouble(QStringLiteral("unset"));
+    for (PIO_Metadata* meta : std::initializer_list<PIO_Metadata*> { title, start, width, flag, unset })
+        metas.add(meta);
+
+    PIO_Metadatas back;
+    QString error;
+    ASSERT_TRUE(PIO_MetadatasXml::fromDocument(PIO_MetadatasXml::toDocument(metas), back, &error))
+        << qPrintable(error);
+    ASSERT_EQ(back.size(), metas.size());
+    auto it = back.begin();
+    for (PIO_Metadata const* original : metas) {
+        PIO_Metadata const* read = *it++;
+        EXPECT_EQ(read->metaType(), original->metaType());
+        EXPECT_EQ(read->isValid(), original->isValid());
+        for (auto field : { &PIO_Metadata::metaName, &PIO_Metadata::creator, &PIO_Metadata::version }) {
+            EXPECT_EQ((read->*field)(), (original->*field)());
+            EXPECT_EQ((read->*field)().isNull(), (original->*field)().isNull())
+                << qPrintable(read->metaType());
+        }
+    }
+    EXPECT_EQ(recordAt<PIO_MetadataString>(back, 0)->valueString(), title->valueString());
+    EXPECT_EQ(recordAt<PIO_MetadataInt>(back, 1)->valueInt(), -2147483647 - 1);
+    double const w = recordAt<PIO_MetadataDouble>(back, 2)->valueDouble();
+    double const expected = 0.1 + 0.2;
+    EXPECT_EQ(std::memcmp(&w, &expected, sizeof w), 0);
+    EXPECT_TRUE(recordAt<PIO_MetadataBool>(back, 3)->valueBool());
+    EXPECT_FALSE(recordAt<PIO_MetadataDouble>(back, 4)->isValid());
+}
+
+TEST(PersistenceXml, ReadingAppendsAfterWhatTheTargetHolds)
+{
+    PIO_Metadatas target;
+    auto* existing = new PIO_MetadataInt(QStringLiteral("kept"));
+    target.add(existing);
+    ASSERT_TRUE(PIO_MetadatasXml::fromDocument(
+        document("<metadata type=\"int\" name=\"new\"><int value=\"3\"/></metadata>"), target));
+    ASSERT_EQ(target.size(), 2);
+    EXPECT_EQ(*target.begin(), existing);
+    EXPECT_EQ(recordAt<PIO_MetadataInt>(target, 1)->valueInt(), 3);
+}
+
+TEST(PersistenceXml, CheckedValuesAndPredefinedEntities)
+{
+    PIO_Metadatas target;
+    ASSERT_TRUE(PIO_MetadatasXml::fromDocument(
+        document("<metadata type=\"int\"><int value=\"12abc\"/></metadata>"
+                 "<metadata type=\"bool\"><bool value=\"yes\"/><other/></metadata>"
+                 "<metadata type=\"string\"><!-- note --><string value=\"&amp;&lt;&#x41;&#66;\"/></metadata>"
+                 "<metadata type=\"double\"><double value=\"-inf\"/></metadata>"),
+        target));
+    EXPECT_FALSE(recordAt<PIO_Metadata>(target, 0)->isValid());
+    EXPECT_FALSE(recordAt<PIO_Metadata>(target, 1)->isValid());
+    EXPECT_EQ(recordAt<PIO_MetadataString>(target, 2)->valueString(), QStringLiteral("&<AB"));
+    EXPECT_TRUE(std::isinf(recordAt<PIO_MetadataDouble>(target, 3)->valueDouble()));
+}
+
+// Records every call the collection reader makes, to check how it drives readers.
+struct ProbeLog
+{
+    QStringList events;
+    int liveReaders = 0;
+};
+ProbeLog probeLog;
+
+class ProbeReader : public PIO_XML::ComponentReader
+{
+public:
+    explicit ProbeReader(QString label)
+        : m_label(std::move(label))
+    {
+        ++probeLog.liveReaders;
+    }
+    ~ProbeReader() override { --probeLog.liveReaders; }
+
+    UT_SharedPtr<ComponentReader> handleStartElement(
+        PIO_ReadingContext& context, QString const& name, QXmlAttributes const& attributes) override
+    {
+        log(QStringLiteral("start %1%2 @%3").arg(name, attributeText(attributes)).arg(context.lineNumber()));
+        if (name == QLatin1String("nested"))
+            return UT_SharedPtr<ComponentReader>(new ProbeReader(QStringLiteral("child")));
+        if (name == QLatin1String("skip"))
+            return UT_SharedPtr<ComponentReader>();
+        return UT_SharedPtr<ComponentReader>(this);
+    }
+    bool handleEndElement(PIO_ReadingContext&, QString const& name) override
+    {
+        log(QStringLiteral("end ") + name);
+        return name != QLatin1String("refuse");
+    }
+    bool handleCDATA(QString const& text) override
+    {
+        log(QStringLiteral("text ") + text.trimmed());
+        return true;
+    }
+
+private:
+    static QString attributeText(QXmlAttributes const& attributes)
+    {
+        QString text;
+        for (int i = 0; i < attributes.count(); ++i)
+            text += QStringLiteral(" %1=%2").arg(attributes.qName(i), attributes.value(i));
+        return text;
+    }
+    void log(QString const& event) { probeLog.events.append(m_label + QLatin1Char(':') + event); }
+
+    QString m_label;
+};
+
+class ProbeRecord : public PIO_Metadata
+{
+public:
+    ProbeRecord(QString const& name, QString const& creator, QString const& version)
+        : PIO_Metadata(QStringLiteral("probe"), name, creator, version)
+    {
+    }
+    PIO_XML::ComponentReader* componentReader() override { return new ProbeReader(QStringLiteral("root")); }
+    PIO_Metadata* clone() const override { return new ProbeRecord(*this); }
+
+protected:
+    void writeMetadataSubnodes(PIO_WritingContext& context) const override
+    {
+        PO_XmlWriter& writer = context.writer();
+        writer.beginElement(QStringLiteral("probe"));
+        writer.encodeBoolAttr(QStringLiteral("forDrag"), context.GetAttribute(QStringLiteral("for_drag")));
+        writer.endElement();
+    }
+};
+
+class ProbeFactory : public PIO_MetadataFactory
+{
+public:
+    PIO_Metadata* createMeta(
+        QString const& keyword, QString const& name, QString const& creator, QString const& version) override
+    {
+        if (keyword == QLatin1String("probe"))
+            return new ProbeRecord(name, creator, version);
+        return PIO_MetadataFactory::createMeta(keyword, name, creator, version);
+    }
+};
+
+class PersistenceXmlDriving : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        probeLog = ProbeLog();
+        PIO_MetadataFactory::registerImpl(&factory);
+    }
+    void TearDown() override { PIO_MetadataFactory::registerImpl(nullptr); }
+
+    ProbeFactory factory;
+};
+
+TEST_F(PersistenceXmlDriving, ReadersReceiveElementsAsTheirParentsDecide)
+{
+    PIO_Metadatas target;
+    QString error;
+    ASSERT_TRUE(PIO_MetadatasXml::fromDocument(document("<metadata type=\"probe\" name=\"p\">\n"
+                                                        "<probe a=\"1\" b=\"\">\n"
+                                                        "  text1 <nested><inner/>deep</nested>\n"
+                                                        "  <skip><lost/>gone</skip><![CDATA[ <raw> ]]>\n"
+                                                        "</probe></metadata>"),
+        target, &error))
+        << qPrintable(error);
+    QStringList const expected {
+        QStringLiteral("root:start probe a=1 b= @4"),
+        QStringLiteral("root:text text1"),
+        QStringLiteral("root:start nested @5"),
+        QStringLiteral("child:start inner @5"),
+        QStringLiteral("child:end inner"),
+        QStringLiteral("child:text deep"),
+        QStringLiteral("root:end nested"),
+        QStringLiteral("root:start skip @6"),
+        QStringLiteral("root:end skip"),
+        QStringLiteral("root:text <raw>"),
+        QStringLiteral("root:end probe"),
+    };
+    EXPECT_EQ(probeLog.events, expected);
+    EXPECT_EQ(probeLog.liveReaders, 0);
+    ASSERT_EQ(target.size(), 1);
+    EXPECT_EQ((*target.begin())->metaName(), QStringLiteral("p"));
+}
+
+TEST_F(PersistenceXmlDriving, RefusingReaderFailsTheWholeRead)
+{
+    PIO_Metadatas target;
+    QString error;
+    EXPECT_FALSE(
+        PIO_MetadatasXml::fromDocument(document("<metadata type=\"int\"><int value=\"1\"/></metadata>"
+                                                "<metadata type=\"probe\"><refuse/></metadata>"),
+            target, &error));
+    EXPECT_TRUE(target.isEmpty());
+    EXPECT_TRUE(error.contains(QStringLiteral("refused"))) << qPrintable(error);
+    EXPECT_EQ(probeLog.liveReaders, 0);
+}
+
+TEST_F(PersistenceXmlDriving, WritingFlagsReachTheRecords)
+{
+    PIO_Metadatas metas;
+    metas.add(new ProbeRecord(QString(), QString(), QString()));
+    EXPECT_TRUE(PIO_MetadatasXml::toDocument(metas, true).contains("forDrag=\"true\""));
+    EXPECT_TRUE(PIO_MetadatasXml::toDocument(metas, false).contains("forDrag=\"false\""));
+}
+
+TEST(PersistenceXml, UnknownRecordsAreKeptAndWrittenBackUnchanged)
+{
+    QByteArray const original = document("<metadata type=\"fromTheFuture\" name=\"x\" version=\"9.0\">"
+                                         "<future a=\"1\" xmlns:p=\"urn:p\"><p:child p:b=\"&lt;2&gt;\">text "
+                                         "&amp; more</p:child><empty/></future>"
+                                         "</metadata>");
+    PIO_Metadatas first;
+    QString error;
+    ASSERT_TRUE(PIO_MetadatasXml::fromDocument(original, first, &error)) << qPrintable(error);
+    auto* unknown = recordAt<PIO_MetadataUnknown>(first, 0);
+    ASSERT_NE(unknown, nullptr);
+    EXPECT_EQ(unknown->elementCount(), 3);
+    EXPECT_EQ(unknown->version(), QStringLiteral("9.0"));
+
+    QByteArray const saved = PIO_MetadatasXml::toDocument(first);
+    PIO_Metadatas second;
+    ASSERT_TRUE(PIO_MetadatasXml::fromDocument(saved, second, &error))
+        << qPrintable(error) << saved.constData();
+    EXPECT_EQ(PIO_MetadatasXml::toDocument(second), saved);
+    EXPECT_TRUE(saved.contains("<p:child p:b=\"&lt;2&gt;\">text &amp; more</p:child>")) << saved.constData();
+
+    std::unique_ptr<PIO_Metadata> copy(unknown->clone());
+    PIO_Metadatas third;
+    third.add(copy.release());
+    EXPECT_EQ(PIO_MetadatasXml::toDocument(third), saved);
+}
+
+struct BadInput
+{
+    char const* label;
+    QByteArray xml;
+};
+
+class PersistenceXmlBadInput : public ::testing::TestWithParam<BadInput>
+{
+};
+
+TEST_P(PersistenceXmlBadInput, IsRefusedWithAPositionAndLeavesTheTargetAlone)
+{
+    PIO_Metadatas target;
+    auto* kept = new PIO_MetadataInt(QStringLiteral("kept"));
+    target.add(kept);
+    QString error;
+    EXPECT_FALSE(PIO_MetadatasXml::fromDocument(GetParam().xml, target, &error));
+    EXPECT_TRUE(error.startsWith(QStringLiteral("line "))) << qPrintable(error);
+    EXPECT_TRUE(error.contains(QStringLiteral(", column "))) << qPrintable(error);
+    ASSERT_EQ(target.size(), 1);
+    EXPECT_EQ(*target.begin(), kept);
+}
+
+BadInput const entryThenCut { "truncatedAfterEntry",
+    "<metadatas><metadata type=\"int\"><int value=\"3\"/></metadata>" };
+
+INSTANTIATE_TEST_SUITE_P(Cases, PersistenceXmlBadInput,
+    ::testing::Values(BadInput { "empty", "" }, BadInput { "binary", QByteArray("\x00\x01\x02", 3) },
+        BadInput { "truncated", "<metadatas><metadata type=\"int\"><int val" }, entryThenCut,
+        BadInput { "doctype", "<!DOCTYPE metadatas><metadatas/>" },
+        BadInput { "entityDeclaration", "<!DOCTYPE m [<!ENTITY e \"x\">]><metadatas/>" },
+        BadInput { "undeclaredEntity",
+            "<metadatas><metadata type=\"string\"><string value=\"&e;\"/></metadata>"
+            "</metadatas>" },
+        BadInput { "missingType", "<metadatas><metadata><int/></metadata></metadatas>" },
+        BadInput { "emptyType", "<metadatas><metadata type=\"\"/></metadatas>" },
+        BadInput { "foreignElement", "<metadatas><other/></metadatas>" },
+        BadInput { "strayText", "<metadatas>text</metadatas>" }, BadInput { "wrongRoot", "<project/>" },
+        BadInput { "rootText", "text" }, BadInput { "twoRoots", "<metadatas/><metadatas/>" },
+        BadInput { "trailingText", "<metadatas/>tail" },
+        BadInput { "mismatchedEnd", "<metadatas><metadata type=\"int\"></int></metadatas>" },
+        BadInput { "duplicateAttribute", "<metadatas><metadata type=\"a\" type=\"b\"/></metadatas>" }),
+    [](::testing::TestParamInfo<BadInput> const& info) { return std::string(info.param.label); });
+
+TEST(PersistenceXml, ErrorNamesTheLineOfTheFault)
+{
+    PIO_Metadatas target;
+    QString error;
+    EXPECT_FALSE(PIO_MetadatasXml::fromDocument(
+        "<metadatas>\n<metadata type=\"int\"/>\n<oops/>\n</metadatas>", target, &error));
+    EXPECT_TRUE(error.startsWith(QStringLiteral("line 3, column "))) << qPrintable(error);
+}
+
+TEST(PersistenceXml, ReadsACollectionInsideALargerDocument)
+{
+    QByteArray const project
+        = "<project><scene id=\"1\">"
+          "<metadatas><metadata type=\"bool\" name=\"b\"><bool value=\"true\"/></metadata>"
+          "</metadatas><after/></scene></project>";
+    QXmlStreamReader stream(project);
+    while (!(stream.isStartElement() && stream.name() == PIO_MetadatasXml::collectionElement))
+        stream.readNext();
+    PIO_Metadatas target;
+    ASSERT_TRUE(PIO_MetadatasXml::read(stream, target));
+    EXPECT_TRUE(stream.isEndElement());
+    EXPECT_EQ(stream.name(), PIO_MetadatasXml::collectionElement);
+    stream.readNext();
+    EXPECT_EQ(stream.name(), QStringLiteral("after"));
+    ASSERT_EQ(target.size(), 1);
+    EXPECT_TRUE(recordAt<PIO_MetadataBool>(target, 0)->valueBool());
+}
+
+TEST(PersistenceXml, FailedReadRaisesTheErrorOnTheCallersStream)
+{
+    QXmlStreamReader stream(QByteArray("<project><metadatas><bad/></metadatas></project>"));
+    stream.readNextStartElement();
+    stream.readNextStartElement();
+    PIO_Metadatas target;
+    QString error;
+    EXPECT_FALSE(PIO_MetadatasXml::read(stream, target, &error));
+    EXPECT_TRUE(stream.hasError());
+    EXPECT_EQ(stream.errorString(), error);
+}
+
+} // namespace

@@ -1,0 +1,182 @@
+// The preference store: reading with defaults, change signals, the preferences file.
+#include "host/prefs/HostPrefs.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+QString const key = QStringLiteral("KEY");
+
+// What each getter answers for a value stored in each kind; the getters' defaults
+// are true, -1, -1.5 and "default", so an answer equal to them means "no conversion".
+struct ConversionCase
+{
+    char const* label;
+    std::function<void(PR_Preference&)> store;
+    bool asBool;
+    int asInt;
+    double asDouble;
+    char const* asString;
+};
+
+class PrefsConversion : public ::testing::TestWithParam<ConversionCase>
+{
+};
+
+TEST_P(PrefsConversion, GettersConvertOrFallBackToTheDefault)
+{
+    ConversionCase const& c = GetParam();
+    PR_Preference prefs;
+    c.store(prefs);
+    EXPECT_EQ(prefs.getBoolValue(key, true), c.asBool);
+    EXPECT_EQ(prefs.getIntValue(key, -1), c.asInt);
+    EXPECT_EQ(prefs.getDoubleValue(key, -1.5), c.asDouble);
+    EXPECT_EQ(prefs.getStringValue(key, QStringLiteral("default")), QString::fromUtf8(c.asString));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, PrefsConversion,
+    ::testing::Values(ConversionCase { "missing", [](PR_Preference&) {}, true, -1, -1.5, "default" },
+        ConversionCase {
+            "boolFalse", [](PR_Preference& p) { p.setBoolValue(key, false); }, false, 0, -1.5, "false" },
+        ConversionCase { "intZero", [](PR_Preference& p) { p.setIntValue(key, 0); }, false, 0, 0.0, "0" },
+        ConversionCase { "intSeven", [](PR_Preference& p) { p.setIntValue(key, 7); }, true, 7, 7.0, "7" },
+        ConversionCase {
+            "double", [](PR_Preference& p) { p.setDoubleValue(key, 0.25); }, true, -1, 0.25, "0.25" },
+        ConversionCase {
+            "textTrue", [](PR_Preference& p) { p.setStringValue(key, "true"); }, true, -1, -1.5, "true" },
+        ConversionCase {
+            "textNumber", [](PR_Preference& p) { p.setStringValue(key, "12"); }, true, 12, 12.0, "12" },
+        ConversionCase {
+            "textWord", [](PR_Preference& p) { p.setStringValue(key, "abc"); }, true, -1, -1.5, "abc" }),
+    [](::testing::TestParamInfo<ConversionCase> const& info) { return std::string(info.param.label); });
+
+TEST(Prefs, GetBoolWithoutDefaultIsFalseForUnknownKeys)
+{
+    PR_Preference prefs;
+    EXPECT_FALSE(prefs.getBool(QStringLiteral("ST_ENABLE_ACT")));
+    prefs.setBoolValue(QStringLiteral("ST_ENABLE_ACT"), true);
+    EXPECT_TRUE(prefs.getBool(QStringLiteral("ST_ENABLE_ACT")));
+}
+
+TEST(Prefs, SignalsOnlyRealChanges)
+{
+    PR_Preference prefs;
+    QSignalSpy spy(&prefs, &PR_Preference::preferenceChanged);
+    prefs.setIntValue(key, 3);
+    prefs.setIntValue(key, 3);
+    EXPECT_EQ(spy.count(), 1);
+    prefs.setBoolValue(key, true); // another kind is a change, even if it converts alike
+    EXPECT_EQ(spy.count(), 2);
+    prefs.remove(QStringLiteral("absent"));
+    prefs.remove(key);
+    EXPECT_EQ(spy.count(), 3);
+    prefs.clear();
+    EXPECT_EQ(spy.count(), 3);
+}
+
+TEST(Prefs, GlobalPreferencesStartNull)
+{
+    EXPECT_EQ(tuPref, nullptr);
+}
+
+class PrefsFile : public ::testing::Test
+{
+protected:
+    QString path(char const* name = "prefs.txt") const { return dir.filePath(QString::fromUtf8(name)); }
+    void writeFile(QByteArray const& content) const
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    QTemporaryDir dir;
+};
+
+TEST_F(PrefsFile, RoundTripKeepsKindsTextsAndDoublesExactly)
+{
+    PR_Preference prefs;
+    prefs.setBoolValue(QStringLiteral("ST_ENABLE_ACT"), true);
+    prefs.setIntValue(QStringLiteral("count"), -2147483647 - 1);
+    prefs.setDoubleValue(QStringLiteral("KR_CAMERA_FILM_WIDTH"), 1.4173228346456694);
+    prefs.setDoubleValue(QStringLiteral("tiny"), std::numeric_limits<double>::denorm_min());
+    prefs.setDoubleValue(QStringLiteral("negZero"), -0.0);
+    prefs.setDoubleValue(QStringLiteral("inf"), -std::numeric_limits<double>::infinity());
+    prefs.setStringValue(QStringLiteral("DEFAULT_LAYERS"), QStringLiteral("A;;B \\ = x\n\ty\r\x01 é \\s"));
+    prefs.setStringValue(QStringLiteral("key with spaces = and more"), QStringLiteral("  padded  "));
+    prefs.setStringValue(QStringLiteral("empty"), QString());
+    ASSERT_TRUE(prefs.save(path())) << qPrintable(prefs.errorString());
+
+    PR_Preference loaded;
+    QSignalSpy spy(&loaded, &PR_Preference::preferenceChanged);
+    ASSERT_TRUE(loaded.load(path())) << qPrintable(loaded.errorString());
+    EXPECT_EQ(spy.count(), 1);
+    EXPECT_EQ(loaded.keys(), prefs.keys());
+    for (QString const& k : prefs.keys())
+        EXPECT_EQ(loaded.getStringValue(k, "?"), prefs.getStringValue(k, "!")) << qPrintable(k);
+    EXPECT_TRUE(loaded.getBool(QStringLiteral("ST_ENABLE_ACT")));
+    EXPECT_EQ(loaded.getIntValue(QStringLiteral("count"), 0), -2147483647 - 1);
+    EXPECT_EQ(loaded.getDoubleValue(QStringLiteral("KR_CAMERA_FILM_WIDTH"), 0), 1.4173228346456694);
+    EXPECT_EQ(loaded.getDoubleValue(QStringLiteral("tiny"), 0), std::numeric_limits<double>::denorm_min());
+    EXPECT_TRUE(std::signbit(loaded.getDoubleValue(QStringLiteral("negZero"), 1)));
+    EXPECT_TRUE(std::isinf(loaded.getDoubleValue(QStringLiteral("inf"), 0)));
+    EXPECT_EQ(loaded.getStringValue(QStringLiteral("key with spaces = and more"), {}),
+        QStringLiteral("  padded  "));
+}
+
+TEST_F(PrefsFile, MissingFileIsAnEmptyStore)
+{
+    PR_Preference prefs;
+    prefs.setIntValue(key, 1);
+    EXPECT_TRUE(prefs.load(path("absent.txt")));
+    EXPECT_TRUE(prefs.keys().isEmpty());
+    EXPECT_TRUE(prefs.errorString().isEmpty());
+}
+
+TEST_F(PrefsFile, HandWrittenFileWithCommentsAndCrLfLoads)
+{
+    writeFile("# mine\r\n\r\nbool a = true\r\nstring b = x = y\r\n   \nint c = 4");
+    PR_Preference prefs;
+    ASSERT_TRUE(prefs.load(path())) << qPrintable(prefs.errorString());
+    EXPECT_TRUE(prefs.getBool("a"));
+    EXPECT_EQ(prefs.getStringValue("b", {}), QStringLiteral("x = y"));
+    EXPECT_EQ(prefs.getIntValue("c", 0), 4);
+}
+
+class PrefsDamagedFile : public PrefsFile, public ::testing::WithParamInterface<char const*>
+{
+};
+
+TEST_P(PrefsDamagedFile, LeavesTheStoreEmptyAndNamesTheLine)
+{
+    writeFile(QByteArray("int good = 1\n") + GetParam());
+    PR_Preference prefs;
+    prefs.setIntValue(key, 1);
+    QSignalSpy spy(&prefs, &PR_Preference::preferenceChanged);
+    EXPECT_FALSE(prefs.load(path()));
+    EXPECT_TRUE(prefs.keys().isEmpty());
+    EXPECT_EQ(spy.count(), 1);
+    EXPECT_TRUE(prefs.errorString().contains(path())) << qPrintable(prefs.errorString());
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, PrefsDamagedFile,
+    ::testing::Values("float x = 1\n", "int x = one\n", "bool x = yes\n", "double x = \n", "int x 3\n",
+        "string x = bad \\q escape\n", "string x = cut \\u12\n", "string two words = x\n", "string = nokey\n",
+        "noseparator\n", "string x = \xff\xfe not utf8\n"));
+
+TEST_F(PrefsFile, SaveFailureIsReportedAndKeepsTheOldFile)
+{
+    PR_Preference prefs;
+    prefs.setIntValue(key, 1);
+    EXPECT_FALSE(prefs.save(dir.filePath(QStringLiteral("no/such/dir/prefs.txt"))));
+    EXPECT_FALSE(prefs.errorString().isEmpty());
+}
+
+} // namespace
