@@ -1,12 +1,5 @@
 #include "host/persistence/PIO_Metadata.h"
 
-#include <QtGlobal>
-
-// Weak until the scene engine library that defines it is linked in everywhere: a
-// record must still load and save in a program built without the engine.
-extern void PIO_postMetadataChange(TUSceneChangeManager* manager, PIO_Metadata* meta, int code)
-    __attribute__((weak));
-
 class PIO_Metadata::PIO_MetadataPrivate
 {
 public:
@@ -71,12 +64,6 @@ QString const& PIO_Metadata::version() const
 
 void PIO_Metadata::emitChanged(TUSceneChangeManager* manager, int code)
 {
-    if (!manager)
-        return;
-    if (!PIO_postMetadataChange) {
-        qWarning("PIO_Metadata::emitChanged: no scene engine linked to take the change of '%s'",
-            qPrintable(d->metaType));
-        return;
-    }
-    PIO_postMetadataChange(manager, this, code);
+    if (manager)
+        PIO_postMetadataChange(manager, this, code);
 }
