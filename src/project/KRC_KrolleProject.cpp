@@ -1,0 +1,244 @@
+#include "project/KRC_KrolleProject.h"
+
+#include "project/EngineLinks.h"
+#include "project/KRC_KrolleProjectPrivate.h"
+
+using Krolle::ObjectCache;
+using Krolle::Panel_t;
+using Krolle::PanelTrans_t;
+using Krolle::Shot_t;
+using Krolle::Trans_t;
+
+unsigned const KRC_KrolleProject::invalidNdx;
+
+KRC_KrolleProject::KRC_KrolleProject(SC_Project* project)
+    : QObject()
+    , d(new KRC_KrolleProjectPrivate(project))
+{
+    if (project) {
+        TUSceneChangeManager* manager = project->projectCommon()->changeManager();
+        connect(manager, &TUSceneChangeManager::sceneChanged, this, &KRC_KrolleProject::onSceneChanged);
+        connect(manager, &TUSceneChangeManager::timedValuesChanged, this,
+            &KRC_KrolleProject::onTimedValuesChanged);
+    }
+    // The owned managers are made here, in this order: drawing observer, panel layer
+    // manager, tracking manager, name helper.
+}
+
+KRC_KrolleProject::~KRC_KrolleProject()
+{
+    disconnect();
+    d->clearCaches();
+    // The owned managers are deleted here, in this order: panel layer manager,
+    // tracking manager, drawing observer, name helper.
+    delete d;
+}
+
+SC_Project* KRC_KrolleProject::project() const
+{
+    return d->project.get();
+}
+
+SC_ProjectCommon* KRC_KrolleProject::projectCommon() const
+{
+    return project() ? project()->projectCommon() : nullptr;
+}
+
+TUSceneChangeManager* KRC_KrolleProject::changeManager() const
+{
+    SC_ProjectCommon* common = projectCommon();
+    return common ? common->changeManager() : nullptr;
+}
+
+TUScene* KRC_KrolleProject::topScene() const
+{
+    return project() ? dynamic_cast<TUScene*>(project()->sceneAt(0)) : nullptr;
+}
+
+TUSeqTimedValue* KRC_KrolleProject::topSceneTv() const
+{
+    return Krolle::getSeqTimedValueOf(topScene());
+}
+
+MO_ElementModule* KRC_KrolleProject::topSceneElemModule() const
+{
+    TUScene* scene = topScene();
+    TUGroup* root = scene ? scene->getRootGroup() : nullptr;
+    if (!root)
+        return nullptr;
+    for (auto it = root->subNodesBegin(); it != root->subNodesEnd(); ++it) {
+        if (MO_ElementModule* element = dynamic_cast<MO_ElementModule*>(it->get()))
+            return element;
+    }
+    return nullptr;
+}
+
+QString KRC_KrolleProject::name() const
+{
+    SC_ProjectCommon* common = projectCommon();
+    TUDbSceneData* data = common ? common->dbSceneData() : nullptr;
+    return data ? data->sceneName() : QString();
+}
+
+void KRC_KrolleProject::invalidate()
+{
+    d->clearCaches();
+}
+
+void KRC_KrolleProject::setCacheEnabled(bool on)
+{
+    if (on == d->cacheEnabled)
+        return;
+    d->clearCaches();
+    d->cacheEnabled = on;
+    d->setCachesEnabled(on);
+}
+
+bool KRC_KrolleProject::cacheEnabled() const
+{
+    return d->cacheEnabled;
+}
+
+void KRC_KrolleProject::validateAndDump() const { }
+
+void KRC_KrolleProject::onSceneChanged()
+{
+    d->clearCaches();
+}
+
+void KRC_KrolleProject::onTimedValuesChanged(const TUTvSet& values)
+{
+    // Only the timeline itself matters here: a symbol's sequence changing leaves the
+    // caches alone until sceneChanged() comes.
+    TUSeqTimedValue* timeline = topSceneTv();
+    if (timeline && values.count(timeline) > 0)
+        d->clearCaches();
+}
+
+Shot_t KRC_KrolleProject::shotOfBlock(AT_FrameBlock const* block) const
+{
+    Shot_t const cached = d->shotCache.findById(Krolle::objectId(block));
+    if (cached.isValid())
+        return cached;
+    Shot_t const shot(block, d->blockScene(block), d->nameHelper);
+    d->shotCache.insert(block->firstFrame, block->length(), shot);
+    return shot;
+}
+
+namespace {
+
+/// From a transition to the shot on the asked side, or the other side when there is
+/// none; null when the transition has no neighbour at all.
+AT_FrameBlock const* neighbourOfTransition(
+    TUSeqTimedValue const* tv, AT_FrameBlock const* transition, bool forward)
+{
+    AT_FrameBlock const* next = tv->getNextBlock(transition);
+    AT_FrameBlock const* prev = tv->getPrevBlock(transition);
+    AT_FrameBlock const* preferred = forward ? next : prev;
+    return preferred ? preferred : (forward ? prev : next);
+}
+
+} // namespace
+
+Shot_t KRC_KrolleProject::getShotAt(unsigned frame, ResolutionPriority priority) const
+{
+    bool const forward = priority != PreferPrevious;
+    Shot_t const hit = d->shotCache.findByFrame(frame, !forward);
+    TUSeqTimedValue* tv = topSceneTv();
+    if (!tv)
+        return Shot_t::invalid;
+    unsigned const covering = tv->getBlockCount(frame);
+    if (covering == 0)
+        return Shot_t::invalid;
+    // Under an overlap the cache cannot tell the sides apart: ask the engine.
+    if (covering == 1 && hit.isValid())
+        return hit;
+    AT_FrameBlock const* block = tv->getBlock(frame);
+    // A well-formed timeline needs one step off a transition; the bound only keeps
+    // an engine with overlapping transitions from sending the walk round in circles.
+    for (unsigned steps = 0; block && steps <= covering; ++steps) {
+        if (!block->isInRange(frame))
+            return Shot_t::invalid;
+        if (AT_TransitionSeq::isTransition(block->seq())) {
+            block = neighbourOfTransition(tv, block, forward);
+            continue;
+        }
+        if (!AT_AbstractSceneSeq::toAbstractScene(block->seq()))
+            return Shot_t::invalid;
+        return shotOfBlock(block);
+    }
+    return Shot_t::invalid;
+}
+
+Trans_t KRC_KrolleProject::getTransAt(unsigned frame) const
+{
+    Trans_t const hit = d->transCache.findByFrame(frame, true);
+    if (hit.isValid())
+        return hit;
+    TUSeqTimedValue* tv = topSceneTv();
+    if (!tv || tv->getBlockCount(frame) <= 1)
+        return Trans_t::invalid;
+    AT_FrameBlock const* block = tv->getBlock(frame);
+    if (!block || !AT_TransitionSeq::toTransition(block->seq()))
+        return Trans_t::invalid;
+    Trans_t const transition(block);
+    d->transCache.insert(block->firstFrame, block->length(), transition);
+    return transition;
+}
+
+Panel_t KRC_KrolleProject::getPanelIn(Shot_t const& shot, unsigned frame) const
+{
+    unsigned const tvFrame = shot.prjFrameToTvFrame(frame);
+    if (shot == Shot_t::invalid || frame > shot.objNumOfFrame())
+        return Panel_t::invalid;
+    ObjectCache<Panel_t>& cache = d->panelCacheOf(shot.id());
+    Panel_t const hit = cache.findByFrame(tvFrame, true);
+    if (hit.isValid())
+        return hit;
+    TUScene* symbol = d->blockScene(shot.frameBlock());
+    if (TUSeqTimedValue* symbolTv = Krolle::getSeqTimedValueOf(symbol)) {
+        if (symbolTv->getBlockCount() == 0)
+            return Panel_t::invalid;
+        AT_FrameBlock const* block = symbolTv->getBlock(tvFrame);
+        if (TUScene* panelScene = d->blockScene(block))
+            return makePanel(shot, cache, block, panelScene);
+    }
+    reportPanelNotFound(shot, frame);
+    return Panel_t::invalid;
+}
+
+Panel_t KRC_KrolleProject::makePanel(
+    Shot_t const& shot, ObjectCache<Panel_t>& cache, AT_FrameBlock const* block, TUScene* scene) const
+{
+    Panel_t const panel(block, scene, shot, d->nameHelper);
+    // Keyed in a mixture of two numberings; only the id side of this cache is read.
+    d->panelCache.insert(block->firstFrame + shot.firstFrame(), block->length(), panel);
+    cache.insert(block->firstFrame, block->length(), panel);
+    return panel;
+}
+
+void KRC_KrolleProject::reportPanelNotFound(Shot_t const& shot, unsigned frame) const
+{
+    char const* const text
+        = "Invalid search for a panel at frame %1 of shot named %2... nothing can be found there";
+    MSG_Scope message(text, tr(text), MSG_Scope::Action(5));
+    // The shot's name comes with its records; until then the marker stays empty.
+    Q_UNUSED(shot);
+    message.arg(frame).arg(QString());
+}
+
+Panel_t KRC_KrolleProject::getPanelAt(unsigned frame, ResolutionPriority priority) const
+{
+    Shot_t const shot = getShotAt(frame, priority);
+    if (shot.isInvalid())
+        return Panel_t::invalid;
+    return getPanelIn(shot, frame - shot.firstFrame() + 1);
+}
+
+PanelTrans_t KRC_KrolleProject::getPanelTransAt(unsigned frame) const
+{
+    Trans_t const transition = getTransAt(frame);
+    if (transition.isValid())
+        return PanelTrans_t(transition);
+    return PanelTrans_t(getPanelAt(frame, PreferPrevious));
+}

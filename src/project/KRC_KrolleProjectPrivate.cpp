@@ -1,0 +1,63 @@
+#include "project/KRC_KrolleProjectPrivate.h"
+
+KRC_KrolleProjectPrivate::KRC_KrolleProjectPrivate(SC_Project* engineProject)
+    : project(engineProject)
+{
+}
+
+void KRC_KrolleProjectPrivate::clearCaches()
+{
+    shotCache.clear();
+    for (auto& shotPanels : panelCachesByShot)
+        shotPanels.second.clear();
+    panelCachesByShot.clear();
+    panelCache.clear();
+    transCache.clear();
+    sceneCommonToPanelId.clear();
+    sceneCommonToShotId.clear();
+    panelTotal = 0;
+    shotTotal = 0;
+    transTotal = 0;
+    sequenceTotal = 0;
+    actTotal = 0;
+}
+
+namespace {
+
+template <class T> void alignCache(Krolle::ObjectCache<T>& cache, bool on)
+{
+    if (cache.enabled == on)
+        return;
+    cache.enabled = on;
+    cache.clear();
+}
+
+} // namespace
+
+Krolle::ObjectCache<Krolle::Panel_t>& KRC_KrolleProjectPrivate::panelCacheOf(SC_Id const& shot)
+{
+    Krolle::ObjectCache<Krolle::Panel_t>& cache = panelCachesByShot[shot];
+    alignCache(cache, cacheEnabled);
+    return cache;
+}
+
+void KRC_KrolleProjectPrivate::setCachesEnabled(bool on)
+{
+    alignCache(shotCache, on);
+    alignCache(transCache, on);
+    alignCache(panelCache, on);
+    for (auto& shotPanels : panelCachesByShot)
+        alignCache(shotPanels.second, on);
+}
+
+TUScene* KRC_KrolleProjectPrivate::blockScene(AT_FrameBlock const* block) const
+{
+    if (!block || !project)
+        return nullptr;
+    AT_AbstractSceneSeq const* seq = AT_AbstractSceneSeq::toAbstractScene(block->seq());
+    if (!seq)
+        return nullptr;
+    SC_ProjectCommon* common = project->projectCommon();
+    SC_SceneManager* scenes = common ? common->sceneManager() : nullptr;
+    return scenes ? dynamic_cast<TUScene*>(scenes->find(seq->sceneId)) : nullptr;
+}

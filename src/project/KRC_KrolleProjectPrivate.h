@@ -1,0 +1,55 @@
+// Private state of the project view, shared by the source files of KRC_KrolleProject.
+#pragma once
+
+#include "host/Host.h"
+#include "project/ObjectCache.h"
+#include "project/Panel_t.h"
+#include "project/Shot_t.h"
+#include "project/Trans_t.h"
+
+#include <QMutex>
+
+#include <map>
+
+/// Everything that KRC_KrolleProject keeps: the owned managers, the reference on the
+/// engine project, the caches of handles (all dropped at once by clearCaches), the
+/// cached totals and the lock. Owned by the view, made by its constructor.
+class KRC_KrolleProjectPrivate
+{
+public:
+    explicit KRC_KrolleProjectPrivate(SC_Project* engineProject);
+
+    /// Drops every cached handle, reverse table and total, in a fixed order.
+    void clearCaches();
+    /// The panel cache of one shot, made on first use; its state follows `cacheEnabled`.
+    Krolle::ObjectCache<Krolle::Panel_t>& panelCacheOf(SC_Id const& shot);
+    /// Sets the state of every cache, clearing those whose state changes.
+    void setCachesEnabled(bool on);
+
+    /// The scene that a scene block shows: null for a null block, a block of another
+    /// kind, or a scene that the project does not know.
+    TUScene* blockScene(AT_FrameBlock const* block) const;
+
+    // The owned managers go here, made in this order after the view's connections:
+    // drawing observer, panel layer manager, tracking manager, name helper.
+
+    /// Handed to every shot and panel for its automatic name; owned once the view
+    /// makes its name helper.
+    Krolle::ObjectNameHelper const* nameHelper = nullptr;
+
+    UT_SharedPtr<SC_Project> project; // dropped last: members go in reverse order
+    Krolle::ObjectCache<Krolle::Shot_t> shotCache;
+    Krolle::ObjectCache<Krolle::Trans_t> transCache;
+    Krolle::ObjectCache<Krolle::Panel_t> panelCache; // read by id only
+    std::map<SC_Id, Krolle::ObjectCache<Krolle::Panel_t>> panelCachesByShot;
+    std::map<SC_SceneCommon const*, SC_Id> sceneCommonToPanelId;
+    std::map<SC_SceneCommon const*, SC_Id> sceneCommonToShotId;
+    bool cacheEnabled = true;
+    quint32 panelTotal = 0;
+    quint32 shotTotal = 0;
+    quint32 transTotal = 0;
+    quint32 sequenceTotal = 0;
+    quint32 actTotal = 0;
+    QMutex mutex;
+    bool locked = false;
+};

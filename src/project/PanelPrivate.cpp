@@ -1,0 +1,21 @@
+#include "project/PanelPrivate.h"
+
+namespace Krolle {
+
+PanelPrivate::PanelPrivate(
+    AT_FrameBlock const* block, TUScene* panelScene, Shot_t const& holder, ObjectNameHelper const* helper)
+    : ObjectPrivate(block, helper)
+    , symbol(panelScene)
+    , shot(holder)
+{
+}
+
+PanelPrivate::~PanelPrivate() = default;
+
+PanelPrivate* PanelPrivate::invalidInstance()
+{
+    static PanelPrivate* const instance = immortal(new PanelPrivate(nullptr, nullptr, Shot_t(), nullptr));
+    return instance;
+}
+
+} // namespace Krolle

@@ -1,0 +1,35 @@
+// The private object of a panel handle.
+#pragma once
+
+#include "project/ObjectPrivate.h"
+#include "project/Shot_t.h"
+
+namespace Krolle {
+
+/// A panel's block in its shot's symbol sequence, with a weak pointer to the panel's
+/// own scene, the shot that holds it (shared, so the shot's private object lives as
+/// long as this one) and the accesses to the panel scene's records.
+///
+/// Made by the project view when a panel is first asked for. Threading: the host's
+/// thread.
+class PanelPrivate : public ObjectPrivate
+{
+public:
+    PanelPrivate(AT_FrameBlock const* block, TUScene* panelScene, Shot_t const& holder,
+        ObjectNameHelper const* helper);
+    ~PanelPrivate() override;
+
+    /// The private object of every invalid panel: null block, helper and scene, and
+    /// the invalid shot.
+    static PanelPrivate* invalidInstance();
+
+    UT_SharedWeakPtr<TUScene> symbol;
+    Shot_t shot;
+
+    // Record accesses over the panel scene's metadatas(), with a null name, follow
+    // here in their order of creation: KRC_PanelInfo, KRC_InfoFieldList,
+    // KRC_Tracking, KRC_ExposurePoints, KRC_LayerInfos, KRC_SoundAnnotation,
+    // KRC_PdfOptions.
+};
+
+} // namespace Krolle

@@ -1,0 +1,19 @@
+#include "project/ShotPrivate.h"
+
+namespace Krolle {
+
+ShotPrivate::ShotPrivate(AT_FrameBlock const* block, TUScene* symbolScene, ObjectNameHelper const* helper)
+    : ObjectPrivate(block, helper)
+    , symbol(symbolScene)
+{
+}
+
+ShotPrivate::~ShotPrivate() = default;
+
+ShotPrivate* ShotPrivate::invalidInstance()
+{
+    static ShotPrivate* const instance = immortal(new ShotPrivate(nullptr, nullptr, nullptr));
+    return instance;
+}
+
+} // namespace Krolle
