@@ -45,8 +45,9 @@ public:
         valueSignal(manager, &TUSceneChangeManager::timedValuesAdded, "valuesAdded");
         valueSignal(manager, &TUSceneChangeManager::timedValuesRemoved, "valuesRemoved");
         valueSignal(manager, &TUSceneChangeManager::timedValuesChanged, "valuesChanged");
-        QObject::connect(&manager, &TUSceneChangeManager::nodeChangeApplied,
-            [this](MO_Node* node) { append("applied", node ? node->instanceName() : QStringLiteral("<gone>")); });
+        QObject::connect(&manager, &TUSceneChangeManager::nodeChangeApplied, [this](MO_Node* node) {
+            append("applied", node ? node->instanceName() : QStringLiteral("<gone>"));
+        });
         QObject::connect(&manager, &TUSceneChangeManager::selectionChanged, [this] { ++selectionChanges; });
     }
 
@@ -90,16 +91,19 @@ private:
 };
 
 /// A project with an empty scene "panel", posting to `manager`. Nothing is pending
-/// when a test starts.
-class NodesTest : public ::testing::Test
+/// when it is made.
+class NodeBench
 {
-protected:
-    NodesTest()
+public:
+    NodeBench()
         : project(HostAuthoring::createProject(&manager))
         , scene(project->createScene(QStringLiteral("panel")))
     {
         manager.clear();
     }
+    NodeBench(NodeBench const&) = delete;
+    NodeBench& operator=(NodeBench const&) = delete;
+    virtual ~NodeBench() = default;
 
     TUGroup* root() const { return scene->getRootGroup(); }
     SC_SceneCommon* common() const { return scene->sceneCommon(); }
@@ -125,4 +129,8 @@ protected:
     UT_SharedPtr<SC_Project> project;
     TUScene* scene;
     NodeChangeLog log { manager };
+};
+
+class NodesTest : public ::testing::Test, public NodeBench
+{
 };

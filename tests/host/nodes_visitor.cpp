@@ -12,7 +12,10 @@ class OwnClassRecorder : public MO_AbstractModuleVisitor
 {
 public:
 #define RECORD_OWN_CLASS(Class, Base, Kind)                                                                  \
-    void visit(Class&) override { reached = QStringLiteral(#Class); }
+    void visit(Class&) override                                                                              \
+    {                                                                                                        \
+        reached = QStringLiteral(#Class);                                                                    \
+    }
     HOST_MODULE_CLASSES(RECORD_OWN_CLASS)
 #undef RECORD_OWN_CLASS
 
@@ -93,7 +96,8 @@ TEST_F(NodesVisitorTest, DefaultVisitsFallBackToTheBaseClass)
         UT_SharedPtr<MO_Node> node(MO_ModuleFactory::create(c.type, common(), "n"));
         FallbackRecorder recorder(c.overrideElement);
         node->accept(recorder);
-        EXPECT_EQ(QStringList { c.end }, recorder.ends) << c.type << " element override " << c.overrideElement;
+        EXPECT_EQ(QStringList { c.end }, recorder.ends)
+            << c.type << " element override " << c.overrideElement;
     }
 }
 
