@@ -1,6 +1,7 @@
 #include "Command.h"
 
 #include "Console.h"
+#include "ToolEnvironment.h"
 
 Command::Command(const QString& name, const QString& summary)
     : m_name(name)
@@ -19,5 +20,6 @@ ExitStatus Command::execute(const QStringList& arguments)
         Console::out(m_parser.helpText());
         return ExitStatus::Success;
     }
+    ToolEnvironment environment;
     return run(values);
 }

@@ -2,6 +2,7 @@
 
 #include "Command.h"
 #include "Console.h"
+#include "DemoCommand.h"
 #include "TextTable.h"
 
 #include <new>
@@ -14,7 +15,10 @@ const int kInternalErrorStatus = 70;
 
 } // namespace
 
-KrolleTool::KrolleTool() = default;
+KrolleTool::KrolleTool()
+{
+    m_commands.emplace_back(new DemoCommand);
+}
 
 KrolleTool::~KrolleTool() = default;
 

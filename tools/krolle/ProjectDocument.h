@@ -1,0 +1,57 @@
+// One engine project opened by the tool and seen through the library.
+#pragma once
+
+#include "host/base/UT_SharedPtr.h"
+
+#include <QString>
+#include <memory>
+
+class KRC_KrolleProject;
+class KRC_SessionContext;
+class SC_Project;
+class TUSceneChangeManager;
+
+// A library session with one project open in it: the project comes from a
+// file (open) or from the engine's authoring (adopt, for projects the tool
+// generates), and the library's view over it answers every question the
+// commands ask. Edits go through the engine and are followed by notify(), so
+// the view drops what it cached. Saving goes through the engine's atomic save:
+// a failed save leaves the previous file as it was.
+// Failures are ToolError::file (exit status 2) naming the file and the place.
+// Owns the session, which owns the view; holds one reference on the project.
+// Single-threaded.
+class ProjectDocument
+{
+public:
+    ProjectDocument();
+    ~ProjectDocument();
+    ProjectDocument(const ProjectDocument&) = delete;
+    ProjectDocument& operator=(const ProjectDocument&) = delete;
+
+    // The manager that projects made for adopt() must post to.
+    TUSceneChangeManager* changeManager() const;
+
+    // Loads a project file; throws ToolError::file when it is missing or refused.
+    void open(const QString& path);
+    // Opens a view over a project made in memory with changeManager().
+    void adopt(const UT_SharedPtr<SC_Project>& project);
+
+    const QString& path() const { return m_path; }
+    SC_Project* project() const { return m_project.get(); }
+    KRC_KrolleProject& view() const;
+
+    // Delivers the changes posted since the last call, so that the view forgets stale handles.
+    void notify() const;
+    // Saves atomically to path; throws ToolError::file when the file cannot be written.
+    void save(const QString& path) const;
+    // Saves over the file that open() read.
+    void save() const { save(m_path); }
+
+private:
+    void openView();
+
+    KRC_SessionContext* m_session;
+    UT_SharedPtr<SC_Project> m_project;
+    KRC_KrolleProject* m_view = nullptr;
+    QString m_path;
+};

@@ -1,0 +1,62 @@
+// The storyboards the tool generates: their timeline and the names given to them.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+class ProjectDocument;
+
+// The size and shape of a generated storyboard (krolle new).
+struct GeneratorSettings
+{
+    unsigned shots = 10;
+    unsigned panelsPerShot = 4;
+    unsigned transitionEvery = 0; // a transition after every K-th shot; 0 for none
+    unsigned acts = 1; // 0 leaves the shots without act names
+    unsigned sequences = 1; // 0 makes a project without sequences
+    unsigned seed = 1;
+};
+
+// A storyboard to build: the timeline in the engine's compact description, and
+// for each shot its act, sequence and custom names (a null name stays
+// automatic, so the library computes it from the shot's or panel's place).
+// build() makes the engine project through the engine's builder and then
+// writes the names into the shots' and panels' info records through the
+// library's handles, with a progress bar for large plans. Plans are values;
+// the same settings always give the same plan.
+class StoryboardPlan
+{
+public:
+    struct Shot
+    {
+        QString act;
+        QString sequence;
+        QString name;
+        QStringList panelNames; // by position in the shot; missing or null entries stay automatic
+    };
+
+    // A storyboard of any size for trying a host at scale; panel lengths and
+    // transitions vary with the seed.
+    static StoryboardPlan generated(const GeneratorSettings& settings);
+    // The bundled sample: several acts and sequences, custom and automatic
+    // names, shots cut by their time warps, transitions.
+    static StoryboardPlan demo();
+
+    const QString& timeline() const { return m_timeline; }
+    const QVector<Shot>& shots() const { return m_shots; }
+    unsigned panelCount() const { return m_panelCount; }
+
+    // Builds the project into the document (which must be empty), then names it.
+    void build(ProjectDocument& document) const;
+
+private:
+    void buildTimeline(ProjectDocument& document) const;
+    void applyNames(ProjectDocument& document) const;
+
+    QString m_timeline;
+    QVector<Shot> m_shots;
+    unsigned m_panelCount = 0;
+    bool m_sequences = true;
+    QStringList m_ruleSettings; // naming rules to set, in the form of "krolle rules --set"
+};
