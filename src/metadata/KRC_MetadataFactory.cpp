@@ -2,6 +2,7 @@
 
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_SceneInfo.h"
+#include "naming/KRC_NamingRules.h"
 
 #include <vector>
 
@@ -31,6 +32,7 @@ std::vector<Entry> const& dispatchTable()
     static std::vector<Entry> const table {
         { KRC_SceneInfo::kPIO_KRMETA_Keyword, &create<KRC_SceneInfo> },
         { KRC_PanelInfo::kPIO_KRMETA_Keyword, &create<KRC_PanelInfo> },
+        { KRC_NamingRules::kPIO_KRMETA_Keyword, &create<KRC_NamingRules> },
     };
     return table;
 }

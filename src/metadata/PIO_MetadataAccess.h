@@ -16,7 +16,8 @@
 /// `new T(name)` and adds it to the collection, which owns it from then on: the access
 /// never owns its record. A later `get()` that holds no record yet (the collection was
 /// filled afterwards, or the access was made without creation) looks up again, never
-/// creating. With a null collection nothing is looked up and every answer is null.
+/// creating (`lookupOnly` makes such an access from the start). With a null collection nothing is looked up
+/// and every answer is null.
 ///
 /// A value type; copies share the same record. The record pointer is only good while the
 /// collection holds it. Threading: the host's thread.
@@ -35,6 +36,15 @@ public:
     }
 
     virtual ~PIO_MetadataAccess() = default;
+
+    /// An access over `metas` that looks up on each read but never creates.
+    static PIO_MetadataAccess lookupOnly(PIO_Metadatas* metas, QString const& name = QString())
+    {
+        PIO_MetadataAccess access;
+        access.m_metas = metas;
+        access.m_name = name;
+        return access;
+    }
 
     /// The record, looked up again (without creating) while none is held.
     T* get() const

@@ -1,0 +1,50 @@
+// Helpers of the metadata tests: XML documents of records and reading them back.
+#pragma once
+
+#include "host/persistence/HostPersistence.h"
+#include "metadata/KRC_MetadataFactory.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+namespace metatest {
+
+/// A document holding one entry of `type` with the given identity attributes (already
+/// formatted, e.g. `creator="x" version="1.0"`) and the entry's inner XML.
+inline QByteArray entryDocument(QString const& type, QString const& identity, QString const& inner)
+{
+    return QStringLiteral("<metadatas><metadata type=\"%1\" %2>%3</metadata></metadatas>")
+        .arg(type, identity, inner)
+        .toUtf8();
+}
+
+/// Reads `document` through the persistence driver with this library's factory.
+inline std::unique_ptr<PIO_Metadatas> readDocument(QByteArray const& document, QString* error = nullptr)
+{
+    KRC_MetadataFactory::createInstance();
+    auto metas = std::make_unique<PIO_Metadatas>();
+    if (!PIO_MetadatasXml::fromDocument(document, *metas, error))
+        return nullptr;
+    return metas;
+}
+
+/// The first record of `metas`, cast to T (null when absent or of another type).
+template <class T> T* first(PIO_Metadatas* metas)
+{
+    return metas && !metas->isEmpty() ? dynamic_cast<T*>(*metas->begin()) : nullptr;
+}
+
+/// Writes `record` (a copy, which the temporary collection owns) and reads it back.
+template <class T> std::unique_ptr<PIO_Metadatas> roundTrip(T const& record, QByteArray* written = nullptr)
+{
+    PIO_Metadatas source;
+    source.add(new T(record));
+    const QByteArray document = PIO_MetadatasXml::toDocument(source);
+    if (written)
+        *written = document;
+    return readDocument(document);
+}
+
+} // namespace metatest
