@@ -18,6 +18,11 @@ SC_Id objectId(TUScene const* scene)
     return scene ? scene->id : invalidId;
 }
 
+PIO_Metadatas* metadatasOf(TUScene* scene)
+{
+    return scene ? scene->metadatas() : nullptr;
+}
+
 TUSeqTimedValue* getSeqTimedValueOf(TUScene* scene)
 {
     if (!scene)

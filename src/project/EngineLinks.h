@@ -20,4 +20,7 @@ SC_Id objectId(TUScene const* scene);
 /// cast to TUSeqTimedValue. Null for a null scene or when there is none.
 TUSeqTimedValue* getSeqTimedValueOf(TUScene* scene);
 
+/// The scene's record collection, null for a null scene.
+PIO_Metadatas* metadatasOf(TUScene* scene);
+
 } // namespace Krolle

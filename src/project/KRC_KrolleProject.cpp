@@ -138,6 +138,19 @@ AT_FrameBlock const* neighbourOfTransition(
     return preferred ? preferred : (forward ? prev : next);
 }
 
+/// A shot's record that is still fresh (custom and empty) takes the name
+/// "internalSymbol", its flag left alone, so the shot has a name to show.
+void markFreshSceneInfo(Shot_t const& shot)
+{
+    PIO_Metadatas* metas = Krolle::metadatasOf(shot.symbol());
+    if (!metas)
+        return;
+    QString const& keyword = KRC_SceneInfo::kPIO_KRMETA_Keyword;
+    auto* info = dynamic_cast<KRC_SceneInfo*>(metas->metadata(keyword, keyword));
+    if (info && !info->isValid())
+        info->name().setValue(QStringLiteral("internalSymbol"));
+}
+
 } // namespace
 
 Shot_t KRC_KrolleProject::getShotAt(unsigned frame, ResolutionPriority priority) const
@@ -165,7 +178,12 @@ Shot_t KRC_KrolleProject::getShotAt(unsigned frame, ResolutionPriority priority)
         }
         if (!AT_AbstractSceneSeq::toAbstractScene(block->seq()))
             return Shot_t::invalid;
-        return shotOfBlock(block);
+        // Only this lookup marks a new shot's record; navigation does not.
+        bool const isNew = d->shotCache.findById(Krolle::objectId(block)).isInvalid();
+        Shot_t const shot = shotOfBlock(block);
+        if (isNew)
+            markFreshSceneInfo(shot);
+        return shot;
     }
     return Shot_t::invalid;
 }
@@ -222,9 +240,7 @@ void KRC_KrolleProject::reportPanelNotFound(Shot_t const& shot, unsigned frame) 
     char const* const text
         = "Invalid search for a panel at frame %1 of shot named %2... nothing can be found there";
     MSG_Scope message(text, tr(text), MSG_Scope::Action(5));
-    // The shot's name comes with its records; until then the marker stays empty.
-    Q_UNUSED(shot);
-    message.arg(frame).arg(QString());
+    message.arg(frame).arg(shot.name());
 }
 
 Panel_t KRC_KrolleProject::getPanelAt(unsigned frame, ResolutionPriority priority) const

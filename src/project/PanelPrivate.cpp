@@ -1,5 +1,7 @@
 #include "project/PanelPrivate.h"
 
+#include "project/EngineLinks.h"
+
 namespace Krolle {
 
 PanelPrivate::PanelPrivate(
@@ -7,6 +9,7 @@ PanelPrivate::PanelPrivate(
     : ObjectPrivate(block, helper)
     , symbol(panelScene)
     , shot(holder)
+    , panelInfo(metadatasOf(panelScene))
 {
 }
 

@@ -1,6 +1,8 @@
 // The private object of a panel handle.
 #pragma once
 
+#include "metadata/KRC_PanelInfo.h"
+#include "metadata/PIO_MetadataAccess.h"
 #include "project/ObjectPrivate.h"
 #include "project/Shot_t.h"
 
@@ -30,6 +32,7 @@ public:
     // here in their order of creation: KRC_PanelInfo, KRC_InfoFieldList,
     // KRC_Tracking, KRC_ExposurePoints, KRC_LayerInfos, KRC_SoundAnnotation,
     // KRC_PdfOptions.
+    PIO_MetadataAccess<KRC_PanelInfo> panelInfo;
 };
 
 } // namespace Krolle

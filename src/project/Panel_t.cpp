@@ -1,5 +1,7 @@
 #include "project/Panel_t.h"
 
+#include "project/ObjectNameHelper.h"
+
 namespace Krolle {
 
 Panel_t::Panel_t(
@@ -35,6 +37,35 @@ SC_Id const& Panel_t::sceneId() const
 Shot_t const& Panel_t::shot() const
 {
     return get()->shot;
+}
+
+KRC_PanelInfo* Panel_t::panelInfo() const
+{
+    return get()->panelInfo.get();
+}
+
+QString Panel_t::name() const
+{
+    KRC_PanelInfo const* info = panelInfo();
+    if (info && info->name().isCustom())
+        return info->name().value();
+    ObjectNameHelper const* helper = get()->nameHelper;
+    return helper ? helper->getPanelName(*this) : QString();
+}
+
+QString Panel_t::shotName() const
+{
+    return shot().name();
+}
+
+QString Panel_t::sequenceName() const
+{
+    return shot().sequenceName();
+}
+
+QString Panel_t::actName() const
+{
+    return shot().actName();
 }
 
 ShotPrivate const* Panel_t::shotPrivate() const

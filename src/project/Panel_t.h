@@ -33,6 +33,17 @@ public:
     SC_Id const& sceneId() const;
     Shot_t const& shot() const;
 
+    /// The panel's record on its own scene, made with the panel's first handle; null
+    /// without a scene.
+    KRC_PanelInfo* panelInfo() const;
+    /// The record's custom name, else the name helper's automatic one (null without a
+    /// helper).
+    QString name() const;
+    /// The names of the shot, its sequence and its act, as the shot answers them.
+    QString shotName() const;
+    QString sequenceName() const;
+    QString actName() const;
+
     /// The panel's ends in project frames, through the shot's warp; 0 without a block.
     unsigned firstFrame() const;
     unsigned lastFrame() const;

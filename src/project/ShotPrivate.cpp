@@ -1,10 +1,13 @@
 #include "project/ShotPrivate.h"
 
+#include "project/EngineLinks.h"
+
 namespace Krolle {
 
 ShotPrivate::ShotPrivate(AT_FrameBlock const* block, TUScene* symbolScene, ObjectNameHelper const* helper)
     : ObjectPrivate(block, helper)
     , symbol(symbolScene)
+    , sceneInfo(metadatasOf(symbolScene))
 {
 }
 

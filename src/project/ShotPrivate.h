@@ -1,6 +1,8 @@
 // The private object of a shot handle.
 #pragma once
 
+#include "metadata/KRC_SceneInfo.h"
+#include "metadata/PIO_MetadataAccess.h"
 #include "project/ObjectPrivate.h"
 
 namespace Krolle {
@@ -21,8 +23,9 @@ public:
 
     UT_SharedWeakPtr<TUScene> symbol;
 
-    // Record accesses over the symbol's metadatas(), with a null name, follow here;
-    // a missing record is created and added when the object is made.
+    // Record accesses over the symbol's metadatas(), with a null name; a missing
+    // record is created and added when the object is made.
+    PIO_MetadataAccess<KRC_SceneInfo> sceneInfo;
 };
 
 } // namespace Krolle

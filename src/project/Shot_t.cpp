@@ -1,5 +1,7 @@
 #include "project/Shot_t.h"
 
+#include "project/ObjectNameHelper.h"
+
 #include <cmath>
 #include <limits>
 
@@ -30,6 +32,41 @@ SC_Id const& Shot_t::sceneId() const
     static SC_Id const noScene;
     SC_Id const* scene = get()->sceneIdOfBlock();
     return scene ? *scene : noScene;
+}
+
+KRC_SceneInfo* Shot_t::sceneInfo() const
+{
+    return get()->sceneInfo.get();
+}
+
+QString Shot_t::name() const
+{
+    KRC_SceneInfo const* info = sceneInfo();
+    if (info && info->name().isCustom())
+        return info->name().value();
+    ObjectNameHelper const* helper = get()->nameHelper;
+    return helper ? helper->getSceneName(*this) : QString();
+}
+
+namespace {
+
+QString groupName(KRC_ObjectName const* name)
+{
+    return name && name->isCustom() ? name->value() : QStringLiteral("0");
+}
+
+} // namespace
+
+QString Shot_t::sequenceName() const
+{
+    KRC_SceneInfo const* info = sceneInfo();
+    return groupName(info ? &info->sequenceName() : nullptr);
+}
+
+QString Shot_t::actName() const
+{
+    KRC_SceneInfo const* info = sceneInfo();
+    return groupName(info ? &info->actName() : nullptr);
 }
 
 unsigned Shot_t::firstFrame() const

@@ -28,6 +28,17 @@ public:
     /// The id of the scene that the block shows (the default id without a block).
     SC_Id const& sceneId() const;
 
+    /// The shot's record on its symbol scene, made with the shot's first handle; null
+    /// without a scene.
+    KRC_SceneInfo* sceneInfo() const;
+    /// The record's custom name, else the name helper's automatic one (null without a
+    /// helper).
+    QString name() const;
+    /// The record's custom sequence or act name, else "0": shots without one of their
+    /// own run together as one group.
+    QString sequenceName() const;
+    QString actName() const;
+
     /// The block's ends in project frames; 0 without a block.
     unsigned firstFrame() const;
     unsigned lastFrame() const;
