@@ -3,6 +3,7 @@
 #include "Command.h"
 #include "Console.h"
 #include "DemoCommand.h"
+#include "NewCommand.h"
 #include "TextTable.h"
 
 #include <new>
@@ -18,6 +19,7 @@ const int kInternalErrorStatus = 70;
 KrolleTool::KrolleTool()
 {
     m_commands.emplace_back(new DemoCommand);
+    m_commands.emplace_back(new NewCommand);
 }
 
 KrolleTool::~KrolleTool() = default;
