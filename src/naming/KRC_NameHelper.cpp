@@ -107,6 +107,65 @@ void appendIfNotEmpty(QStringList& parts, const QString& text)
         parts.append(text);
 }
 
+// Two names differ at most from their numerical part on when their parts agree
+// up to it.
+bool samePartsBefore(const QStringList& a, const QStringList& b, int index)
+{
+    for (int i = 0; i < index; ++i) {
+        if (a.at(i) != b.at(i))
+            return false;
+    }
+    return true;
+}
+
+QString padded(QString text, int width)
+{
+    padWithZeros(text, width);
+    return text;
+}
+
+// The by-N proposal: the next multiple of the step after the lower neighbour's
+// number, or the middle of the gap when that multiple would not lie in its lower
+// half; the neighbour's own name when there is no room.
+QString proposeByN(int step, int width, const KRC_ObjectName* prev, const KRC_ObjectName* next)
+{
+    if (!prev && !next)
+        return padded(QString::number(step), width);
+
+    const KRC_ObjectName& base = prev ? *prev : *next;
+    QStringList parts;
+    int index = 0;
+    int lower = 0;
+    int upper = 0;
+    bool hasUpper = false;
+    const bool found
+        = KRC_NameHelper::extractNumericalPart(base.value(), parts, index, prev ? lower : upper, false);
+    if (!prev) {
+        lower = 0;
+        hasUpper = found;
+    } else if (next && found) {
+        QStringList nextParts;
+        int nextIndex = 0;
+        hasUpper = KRC_NameHelper::extractNumericalPart(next->value(), nextParts, nextIndex, upper, false)
+            && nextIndex == index && samePartsBefore(parts, nextParts, index);
+    }
+    if (!found)
+        return padded(base.value(), width);
+
+    int value = KRC_NameHelper::getNextMultiple(lower, step);
+    if (hasUpper) {
+        if (qint64(upper) - lower < 2)
+            return padded(base.value(), width);
+        const int mid = int((qint64(lower) + upper) / 2);
+        value = qMin(value, mid);
+    }
+    QString number = QString::number(value);
+    if (index != 0)
+        padWithZeros(number, parts.at(index).length());
+    parts[index] = number;
+    return padded(parts.join(QString()), width);
+}
+
 } // namespace
 
 QString KRC_NameHelper::getNextName(const QString& name, int type)
@@ -214,6 +273,21 @@ QString KRC_NameHelper::getName(int value, int type)
     }
 }
 
+QString KRC_NameHelper::getName(const KRC_NamingRules::ObjRules& rules, int index)
+{
+    return padded(getName(index + 1, rules.autoIncrementRule()), getLeadingSpaces(rules));
+}
+
+int KRC_NameHelper::getLeadingSpaces(const KRC_NamingRules::ObjRules& rules)
+{
+    return rules.automaticLeadingZeros() ? rules.numberOfZeros() : 0;
+}
+
+bool KRC_NameHelper::canModifyName(const KRC_NamingRules::ObjRules& rules, const KRC_ObjectName& name)
+{
+    return !name.isLocked() && rules.allowCustomName();
+}
+
 int KRC_NameHelper::getNextMultiple(int value, int multiple)
 {
     const qint64 step = multiple == 0 ? 1 : qAbs(qint64(multiple));
@@ -312,4 +386,13 @@ bool KRC_NameHelper::extractNumericalPart(
     bool isInteger = false;
     value = parts.at(index).toInt(&isInteger);
     return isInteger;
+}
+
+QString KRC_NameHelper::getPreferedNewObjName(
+    const KRC_NamingRules::ObjRules& rules, const KRC_ObjectName* prev, const KRC_ObjectName* next)
+{
+    const int rule = rules.autoIncrementRule();
+    if (rule != KRC_NamingRules::Rule_ByN)
+        return getBaseName(prev, next, rule, getLeadingSpaces(rules));
+    return proposeByN(rules.autoIncrementValue(), getLeadingSpaces(rules), prev, next);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "naming/KRC_NamingRules.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -24,8 +26,16 @@ public:
     // name before a single letter "A" is "A_0".
     static QString getPrevName(const QString& name, int type);
     static QString getName(const QString& name, int type, bool forward);
-    // The `value`-th name of the series of rule `type`, counted from 1.
+    // The `value`-th name of the series of rule `type`, counted from 1. Rule 4
+    // gives plain position numbers here.
     static QString getName(int value, int type);
+    // The name at the 0-based `index` under `rules`, padded with "0" on the left.
+    static QString getName(const KRC_NamingRules::ObjRules& rules, int index);
+
+    // The padding width: numberOfZeros when automatic leading zeros are on, else 0.
+    static int getLeadingSpaces(const KRC_NamingRules::ObjRules& rules);
+    // True when `name` is not locked and the rules allow custom names.
+    static bool canModifyName(const KRC_NamingRules::ObjRules& rules, const KRC_ObjectName& name);
 
     // The least multiple of `multiple` strictly above `value`; `multiple` itself
     // when `value` is below it. A negative `multiple` counts by its magnitude
@@ -55,4 +65,14 @@ public:
     // is empty and `index` and `value` keep what they held.
     static bool extractNumericalPart(
         const QString& name, QStringList& parts, int& index, int& value, bool tailOnly);
+
+    // The name proposed for a new object between two neighbours (either may be
+    // null). Under the by-N rule: the next multiple of the step after the lower
+    // number, or the middle of the gap when that multiple would not lie in its
+    // lower half, kept in the neighbour's prefix and width. Under the other rules:
+    // getBaseName(prev, next, ...), a null string when neither neighbour is custom
+    // (the new object then stays auto-named). A proposal may equal a neighbour's
+    // name: resolving the collision is the caller's business.
+    static QString getPreferedNewObjName(
+        const KRC_NamingRules::ObjRules& rules, const KRC_ObjectName* prev, const KRC_ObjectName* next);
 };
