@@ -1,0 +1,252 @@
+// The info records as the handles make and read them: created with the first handle,
+// once per scene; the names the handles answer; the "internalSymbol" mark of getShotAt;
+// and the records kept across a save and a reload of the engine's project file.
+#include "host/engine/HostProjectFile.h"
+#include "metadata/KRC_MetadataFactory.h"
+#include "project/ObjectNameHelper.h"
+#include "support/ProjectBoard.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using Krolle::Panel_t;
+using Krolle::Shot_t;
+using testing::Return;
+
+namespace {
+
+auto const previous = KRC_KrolleProject::PreferPrevious;
+
+TUScene* sceneOf(SC_Project* project, SC_Id const& id)
+{
+    return dynamic_cast<TUScene*>(project->projectCommon()->sceneManager()->find(id));
+}
+
+template <class Record> int countIn(TUScene* scene)
+{
+    int count = 0;
+    for (PIO_Metadata* meta : *scene->metadatas())
+        count += dynamic_cast<Record*>(meta) ? 1 : 0;
+    return count;
+}
+
+/// Adds a scene record named `value` with `flag` before any handle sees the scene.
+KRC_SceneInfo* addSceneInfo(TUScene* scene, char const* value, int flag)
+{
+    auto* info = new KRC_SceneInfo();
+    info->name().setValue(QString::fromLatin1(value));
+    info->name().setFlag(flag);
+    scene->metadatas()->add(info);
+    return info;
+}
+
+class StubNameHelper : public Krolle::ObjectNameHelper
+{
+public:
+    MOCK_METHOD(QString, getPanelName, (Panel_t const&), (const, override));
+    MOCK_METHOD(QString, getSceneName, (Shot_t const&), (const, override));
+};
+
+TEST(HandleRecords, TheFirstShotHandleAddsOneSceneInfoToItsSymbol)
+{
+    ProjectBoard board(QStringLiteral("S[4,4] S[6]"));
+    TUScene* first = sceneOf(board.project(), board.shot(0));
+    TUScene* second = sceneOf(board.project(), board.shot(1));
+    ASSERT_EQ(0, countIn<KRC_SceneInfo>(first));
+
+    Shot_t const shot = board->getShotAt(1, previous);
+    ASSERT_EQ(1, countIn<KRC_SceneInfo>(first));
+    EXPECT_TRUE(first->metadatas()->contains(shot.sceneInfo()));
+    EXPECT_EQ(0, countIn<KRC_SceneInfo>(second));
+
+    // New handles on the same scene find the record instead of adding another.
+    board->setCacheEnabled(false);
+    for (unsigned frame : { 1u, 5u, 8u })
+        EXPECT_EQ(shot.sceneInfo(), board->getShotAt(frame, previous).sceneInfo());
+    EXPECT_EQ(1, countIn<KRC_SceneInfo>(first));
+}
+
+TEST(HandleRecords, TheFirstPanelHandleAddsOnePanelInfoToItsOwnScene)
+{
+    ProjectBoard board(QStringLiteral("S[4,4]"));
+    TUScene* firstPanel = sceneOf(board.project(), board.panel(0, 0));
+    TUScene* secondPanel = sceneOf(board.project(), board.panel(0, 1));
+
+    Panel_t const panel = board->getPanelAt(6, previous);
+    ASSERT_EQ(secondPanel, panel.symbol());
+    EXPECT_EQ(1, countIn<KRC_PanelInfo>(secondPanel));
+    EXPECT_TRUE(secondPanel->metadatas()->contains(panel.panelInfo()));
+    EXPECT_EQ(0, countIn<KRC_PanelInfo>(firstPanel));
+
+    board->invalidate();
+    EXPECT_EQ(panel.panelInfo(), board->getPanelAt(5, previous).panelInfo());
+    EXPECT_EQ(1, countIn<KRC_PanelInfo>(secondPanel));
+    // The panel's shot has its record as well.
+    EXPECT_NE(nullptr, panel.shot().sceneInfo());
+}
+
+TEST(HandleRecords, WithoutASceneNothingIsMadeAndNamesFallBack)
+{
+    ProjectBoard board(QStringLiteral("S[4]"));
+    AT_FrameBlock const* block = board.timeline()->getBlock(1);
+    StubNameHelper helper;
+    EXPECT_CALL(helper, getSceneName(testing::_)).WillOnce(Return(QStringLiteral("auto")));
+
+    Shot_t const shot(block, nullptr, &helper);
+    EXPECT_EQ(nullptr, shot.sceneInfo());
+    EXPECT_EQ(QStringLiteral("auto"), shot.name());
+    EXPECT_EQ(QStringLiteral("0"), shot.sequenceName());
+    EXPECT_EQ(QStringLiteral("0"), shot.actName());
+
+    Panel_t const panel(block, nullptr, shot, nullptr);
+    EXPECT_EQ(nullptr, panel.panelInfo());
+    EXPECT_TRUE(panel.name().isNull());
+    EXPECT_EQ(nullptr, Shot_t::invalid.sceneInfo());
+    EXPECT_TRUE(Shot_t::invalid.name().isNull());
+    EXPECT_EQ(nullptr, Panel_t::invalid.panelInfo());
+    EXPECT_EQ(QStringLiteral("0"), Panel_t::invalid.sequenceName());
+}
+
+TEST(HandleRecords, GetShotAtMarksOnlyAFreshRecord)
+{
+    struct
+    {
+        char const* value;
+        int flag; // -1: no record before the lookup
+        char const* nameAfter;
+        int flagAfter;
+    } const cases[] = {
+        { "", -1, "internalSymbol", 2 }, // made by the handle, custom and empty
+        { "", 3, "internalSymbol", 3 }, // fresh as well: the flag is left alone
+        { "SH010", 2, "SH010", 2 }, { "", 0, "", 0 }, // an empty auto name is valid and stays
+    };
+    for (auto const& c : cases) {
+        ProjectBoard board(QStringLiteral("S[4]"));
+        TUScene* symbol = sceneOf(board.project(), board.shot(0));
+        if (c.flag >= 0)
+            addSceneInfo(symbol, c.value, c.flag);
+        Shot_t const shot = board->getShotAt(2, previous);
+        ASSERT_NE(nullptr, shot.sceneInfo());
+        EXPECT_EQ(QString::fromLatin1(c.nameAfter), shot.sceneInfo()->name().value()) << c.value << c.flag;
+        EXPECT_EQ(c.flagAfter, shot.sceneInfo()->name().flag()) << c.value << c.flag;
+        EXPECT_EQ(1, countIn<KRC_SceneInfo>(symbol));
+    }
+}
+
+TEST(HandleRecords, AShotMadeOutsideGetShotAtKeepsItsRecordFresh)
+{
+    ProjectBoard board(QStringLiteral("S[4]"));
+    TUScene* symbol = sceneOf(board.project(), board.shot(0));
+    Shot_t const shot(board.timeline()->getBlock(1), symbol, nullptr);
+    ASSERT_NE(nullptr, shot.sceneInfo());
+    EXPECT_FALSE(shot.sceneInfo()->isValid());
+    EXPECT_TRUE(shot.name().isEmpty());
+
+    // The view's cache does not hold this handle, so its lookup makes a new one and
+    // marks the record that both share.
+    EXPECT_EQ(QStringLiteral("internalSymbol"), board->getShotAt(1, previous).name());
+    EXPECT_EQ(QStringLiteral("internalSymbol"), shot.name());
+}
+
+struct NameCase
+{
+    char const* value;
+    int flag;
+    char const* answer; // what name() answers; "0"/helper fallbacks included
+};
+
+class ShotGroupNames : public testing::TestWithParam<NameCase>
+{
+};
+
+TEST_P(ShotGroupNames, OnlyCustomSequenceAndActNamesStand)
+{
+    const NameCase c = GetParam();
+    ProjectBoard board(QStringLiteral("S[4,4]"));
+    Shot_t const shot = board->getShotAt(1, previous);
+    for (KRC_ObjectName* name : { &shot.sceneInfo()->sequenceName(), &shot.sceneInfo()->actName() }) {
+        name->setValue(QString::fromLatin1(c.value));
+        name->setFlag(c.flag);
+    }
+    Panel_t const panel = board->getPanelAt(6, previous);
+    for (QString const& answer :
+        { shot.sequenceName(), shot.actName(), panel.sequenceName(), panel.actName() })
+        EXPECT_EQ(QString::fromLatin1(c.answer), answer);
+}
+
+INSTANTIATE_TEST_SUITE_P(Flags, ShotGroupNames,
+    testing::Values(NameCase { "SEQ", 2, "SEQ" }, NameCase { "SEQ", 3, "SEQ" }, NameCase { "SEQ", 0, "0" },
+        NameCase { "SEQ", 1, "0" }, NameCase { "", 2, "" }));
+
+TEST(HandleNames, CustomNamesStandAndAutoNamesComeFromTheHelper)
+{
+    ProjectBoard board(QStringLiteral("S[4,4]"));
+    TUScene* symbol = sceneOf(board.project(), board.shot(0));
+    TUSeqTimedValue* symbolTv = Krolle::getSeqTimedValueOf(symbol);
+    StubNameHelper helper;
+    EXPECT_CALL(helper, getSceneName(testing::_)).WillRepeatedly(Return(QStringLiteral("SH-auto")));
+    EXPECT_CALL(helper, getPanelName(testing::_)).WillRepeatedly(Return(QStringLiteral("P-auto")));
+
+    Shot_t const shot(board.timeline()->getBlock(1), symbol, &helper);
+    AT_FrameBlock const* panelBlock = symbolTv->getBlock(1);
+    Panel_t const panel(panelBlock, sceneOf(board.project(), board.panel(0, 0)), shot, &helper);
+
+    // A new scene record is custom and empty: its empty value stands.
+    EXPECT_TRUE(shot.name().isEmpty());
+    shot.sceneInfo()->name().setFlag(0);
+    EXPECT_EQ(QStringLiteral("SH-auto"), shot.name());
+    shot.sceneInfo()->name().setValue(QStringLiteral("SH010"));
+    EXPECT_EQ(QStringLiteral("SH-auto"), shot.name());
+    shot.sceneInfo()->name().setFlag(KRC_ObjectName::kCustom | KRC_ObjectName::kLocked);
+    EXPECT_EQ(QStringLiteral("SH010"), shot.name());
+    EXPECT_EQ(QStringLiteral("SH010"), panel.shotName());
+
+    // A new panel record is automatic.
+    EXPECT_EQ(QStringLiteral("P-auto"), panel.name());
+    panel.panelInfo()->name().setValue(QStringLiteral("P1"));
+    EXPECT_EQ(QStringLiteral("P-auto"), panel.name());
+    panel.panelInfo()->name().setFlag(KRC_ObjectName::kCustom);
+    EXPECT_EQ(QStringLiteral("P1"), panel.name());
+}
+
+TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
+{
+    ProjectBoard board(QStringLiteral("S[4,4] T2 S[6]"));
+    {
+        Shot_t const shot = board->getShotAt(1, previous);
+        shot.sceneInfo()->name().setValue(QStringLiteral("SH010"));
+        shot.sceneInfo()->sequenceName().setValue(QStringLiteral("SQ1"));
+        shot.sceneInfo()->sequenceName().setFlag(3);
+        shot.sceneInfo()->actName().setValue(QStringLiteral("A"));
+        shot.sceneInfo()->actName().setFlag(1);
+        Panel_t const panel = board->getPanelAt(6, previous);
+        panel.panelInfo()->name().setValue(QStringLiteral("P2"));
+        panel.panelInfo()->name().setFlag(2);
+        panel.panelInfo()->setExportFlag(5);
+    }
+
+    KRC_MetadataFactory::createInstance();
+    QString error;
+    UT_SharedPtr<SC_Project> loaded
+        = HostProjectFile::fromXml(HostProjectFile::toXml(board.project()), &error);
+    ASSERT_TRUE(loaded) << error.toStdString();
+    TUScene* symbol = sceneOf(loaded.get(), board.shot(0));
+    TUScene* panelScene = sceneOf(loaded.get(), board.panel(0, 1));
+    ASSERT_EQ(1, countIn<KRC_SceneInfo>(symbol));
+    ASSERT_EQ(1, countIn<KRC_PanelInfo>(panelScene));
+
+    KRC_KrolleProject view(loaded.get());
+    Shot_t const shot = view.getShotAt(1, previous);
+    EXPECT_EQ(QStringLiteral("SH010"), shot.name());
+    EXPECT_EQ(QStringLiteral("SQ1"), shot.sequenceName());
+    EXPECT_EQ(3, shot.sceneInfo()->sequenceName().flag());
+    EXPECT_EQ(QStringLiteral("0"), shot.actName());
+    EXPECT_EQ(QStringLiteral("A"), shot.sceneInfo()->actName().value());
+    Panel_t const panel = view.getPanelAt(6, previous);
+    EXPECT_EQ(QStringLiteral("P2"), panel.name());
+    EXPECT_EQ(5, panel.panelInfo()->exportFlag());
+    EXPECT_EQ(1, countIn<KRC_SceneInfo>(symbol));
+    EXPECT_EQ(1, countIn<KRC_PanelInfo>(panelScene));
+}
+
+} // namespace
