@@ -1,6 +1,7 @@
 #include "metadata/KRC_MetadataFactory.h"
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_SceneInfo.h"
+#include "naming/KRC_NamingRules.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,7 @@ template <class Record> bool is(PIO_Metadata const* meta)
 DispatchCase const dispatchCases[] = {
     { "sceneInfo", &is<KRC_SceneInfo> },
     { "panelInfo", &is<KRC_PanelInfo> },
+    { "namingRules", &is<KRC_NamingRules> },
 };
 
 class FactoryDispatch : public testing::TestWithParam<DispatchCase>
@@ -55,6 +57,16 @@ TEST_P(FactoryDispatch, KeepsNullIdentityStrings)
 }
 
 INSTANTIATE_TEST_SUITE_P(Keywords, FactoryDispatch, testing::ValuesIn(dispatchCases));
+
+TEST(Factory, AnOlderVersionIsKeptRatherThanTheClasssOwn)
+{
+    std::unique_ptr<PIO_Metadata> rules(KRC_MetadataFactory::createInstance()->createMeta(
+        QStringLiteral("namingRules"), QString(), QStringLiteral("old tool"), QStringLiteral("1.0")));
+    ASSERT_TRUE(rules);
+    EXPECT_EQ(QStringLiteral("2.0"), KRC_NamingRules::kPIO_KRMETA_Version);
+    EXPECT_EQ(QStringLiteral("1.0"), rules->version());
+    EXPECT_EQ(QStringLiteral("old tool"), rules->creator());
+}
 
 TEST(Factory, UnknownKeywordsGoToTheBaseFactory)
 {
