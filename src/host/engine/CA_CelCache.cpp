@@ -1,11 +1,23 @@
 #include "host/engine/CA_CelCache.h"
 
+#include <set>
+
+class CA_CelCache::CA_CelCachePrivate
+{
+public:
+    std::set<CA_CelKey> modified;
+};
+
 CA_CelCache::CA_CelCache()
+    : d(new CA_CelCachePrivate)
 {
     qRegisterMetaType<CA_CelKey>("CA_CelKey");
 }
 
-CA_CelCache::~CA_CelCache() = default;
+CA_CelCache::~CA_CelCache()
+{
+    delete d;
+}
 
 CA_CelCache* CA_CelCache::instance()
 {
@@ -15,18 +27,18 @@ CA_CelCache* CA_CelCache::instance()
 
 void CA_CelCache::reportDrawingModified(CA_CelKey const& key)
 {
-    const bool first = key.isValid() && m_modified.insert(key).second;
+    const bool first = key.isValid() && d->modified.insert(key).second;
     emit DrawingModified(key, first);
 }
 
 bool CA_CelCache::isModified(CA_CelKey const& key) const
 {
-    return m_modified.count(key) != 0;
+    return d->modified.count(key) != 0;
 }
 
 void CA_CelCache::forgetModifications()
 {
-    m_modified.clear();
+    d->modified.clear();
 }
 
 CA_CelCache* const ca_celCache = CA_CelCache::instance();

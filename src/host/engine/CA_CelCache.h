@@ -5,8 +5,6 @@
 
 #include <QObject>
 
-#include <set>
-
 /// The process-wide cache of drawings (`ca_celCache`). A host that modified a
 /// drawing reports it here by key; the cache emits DrawingModified at once, with
 /// `isFirstModif` true the first time a key is reported since the last
@@ -35,7 +33,8 @@ signals:
     void DrawingModified(CA_CelKey const& key, bool isFirstModif);
 
 private:
-    std::set<CA_CelKey> m_modified;
+    class CA_CelCachePrivate;
+    CA_CelCachePrivate* d;
 };
 
 /// The engine's global cel cache.

@@ -37,6 +37,20 @@ void postAttributeChange(MO_Node* node)
     post(node, &TUSceneChangeManager::postNodeChangeApplied, { node });
 }
 
+// Sets one attribute of a node: null is refused, an equal value changes nothing,
+// anything else is written and posted as an attribute change.
+template <class Node, class Value, class Read, class Write>
+bool setAttribute(Node* node, Value value, Read read, Write write)
+{
+    if (!node)
+        return false;
+    if (read(node) != value) {
+        write(node, value);
+        postAttributeChange(node);
+    }
+    return true;
+}
+
 void postColumnChange(TUElementTimedValue* column)
 {
     if (TUSceneChangeManager* manager = column->changeManager())
@@ -243,46 +257,33 @@ bool removeNode(MO_Node* node)
 
 bool setLocked(MO_Node* node, bool locked)
 {
-    if (!node)
-        return false;
-    if (node->lock() != locked) {
-        HostNodeEdit::setLock(node, locked);
-        postAttributeChange(node);
-    }
-    return true;
+    return setAttribute(
+        node, locked, [](MO_Node* n) { return n->lock(); }, &HostNodeEdit::setLock);
 }
 
 bool setEnabled(MO_Node* node, bool enabled)
 {
-    if (!node)
-        return false;
-    if (bool(node->enabled()) != enabled) {
-        HostNodeEdit::setEnabled(node, enabled ? 1 : 0);
-        postAttributeChange(node);
-    }
-    return true;
+    return setAttribute(
+        node, enabled, [](MO_Node* n) { return bool(n->enabled()); },
+        [](MO_Node* n, bool on) { HostNodeEdit::setEnabled(n, on ? 1 : 0); });
 }
 
 bool setOpacity(MO_ElementModule* element, double opacity)
 {
-    if (!element || !std::isfinite(opacity) || opacity < 0.0 || opacity > 100.0)
+    if (!std::isfinite(opacity) || opacity < 0.0 || opacity > 100.0)
         return false;
-    if (!element->opacityAttr() || element->opacityAttr()->localValue() != opacity) {
-        HostNodeEdit::setOpacity(element, opacity);
-        postAttributeChange(element);
-    }
-    return true;
+    // An element without an opacity attribute reads NaN, which differs from any value.
+    return setAttribute(
+        element, opacity,
+        [](MO_ElementModule* e) { return e->opacityAttr() ? e->opacityAttr()->localValue() : std::nan(""); },
+        &HostNodeEdit::setOpacity);
 }
 
 bool setCameraAlignment(MO_AnimatedModule* module, CameraAlignment alignment)
 {
-    if (!module)
-        return false;
-    if (module->cameraAlignment() != alignment) {
-        HostNodeEdit::setCameraAlignment(module, alignment);
-        postAttributeChange(module);
-    }
-    return true;
+    return setAttribute(
+        module, alignment, [](MO_AnimatedModule* m) { return m->cameraAlignment(); },
+        &HostNodeEdit::setCameraAlignment);
 }
 
 } // namespace HostNodeAuthoring

@@ -22,7 +22,8 @@ public:
 };
 
 /// The entry of a selected node. It holds the node weakly: `selectable()` reads null
-/// once the node is gone.
+/// once the node is gone, and the entry then stands for nothing until it is removed
+/// or the selection cleared; it is never the same selection as another node's entry.
 class SLB_NodeInterface : public SLB_SelectedInterface
 {
 public:
