@@ -5,6 +5,7 @@
 #include <QRegExp>
 
 #include <climits>
+#include <set>
 
 namespace {
 
@@ -123,6 +124,33 @@ QString padded(QString text, int width)
     padWithZeros(text, width);
     return text;
 }
+
+// The names of the series of one rules, counted from index 0, with the rule and
+// the padding read once (each read may ask the preference store).
+class SeriesNamer
+{
+public:
+    explicit SeriesNamer(const KRC_NamingRules::ObjRules& rules)
+        : m_rule(rules.autoIncrementRule())
+        , m_width(KRC_NameHelper::getLeadingSpaces(rules))
+    {
+    }
+
+    QString at(int index) const { return padded(KRC_NameHelper::getName(index + 1, m_rule), m_width); }
+
+    // The first name from `index` on that is not taken.
+    QString firstFree(int index, const std::set<QString>& taken) const
+    {
+        QString name = at(index);
+        while (taken.count(name) != 0)
+            name = at(++index);
+        return name;
+    }
+
+private:
+    int m_rule;
+    int m_width;
+};
 
 // The by-N proposal: the next multiple of the step after the lower neighbour's
 // number, or the middle of the gap when that multiple would not lie in its lower
@@ -275,7 +303,7 @@ QString KRC_NameHelper::getName(int value, int type)
 
 QString KRC_NameHelper::getName(const KRC_NamingRules::ObjRules& rules, int index)
 {
-    return padded(getName(index + 1, rules.autoIncrementRule()), getLeadingSpaces(rules));
+    return SeriesNamer(rules).at(index);
 }
 
 int KRC_NameHelper::getLeadingSpaces(const KRC_NamingRules::ObjRules& rules)
