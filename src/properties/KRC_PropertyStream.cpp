@@ -131,7 +131,6 @@ bool isSafeLeaf(int type, int version)
     case QMetaType::QVector3D:
     case QMetaType::QVector4D:
     case QMetaType::QQuaternion:
-    case QMetaType::QSizePolicy:
         return true;
     default:
         return false;
@@ -147,11 +146,32 @@ struct VariantHead
     int size = 0;
 };
 
+// Longest type name looked up for a value stored under its name.
+constexpr int kMaxTypeNameBytes = 64;
+
+// A value stored under its type name (as Qt stores types the older forms did not
+// number) is accepted when the name is that of a known type.
+int typeOfName(QDataStream& headStream, int headSize, QIODevice* device)
+{
+    quint32 length = 0;
+    headStream >> length;
+    if (headStream.status() != QDataStream::Ok || length == 0 || length > quint32(kMaxTypeNameBytes))
+        return QMetaType::UnknownType;
+    const QByteArray bytes = device->peek(headSize + 4 + int(length));
+    if (bytes.size() < headSize + 4 + int(length))
+        return QMetaType::UnknownType;
+    QByteArray name = bytes.mid(headSize + 4);
+    if (name.endsWith('\0'))
+        name.chop(1);
+    const int type = QMetaType::type(name.constData());
+    return type < QMetaType::User ? type : int(QMetaType::UnknownType);
+}
+
 bool peekHead(QDataStream& in, VariantHead& head)
 {
     const bool hasNullFlag = in.version() >= QDataStream::Qt_4_2;
     head.size = hasNullFlag ? 5 : 4;
-    const QByteArray bytes = in.device()->peek(head.size);
+    const QByteArray bytes = in.device()->peek(head.size + 4);
     if (bytes.size() < head.size) {
         in.setStatus(QDataStream::ReadPastEnd);
         return false;
@@ -166,6 +186,11 @@ bool peekHead(QDataStream& in, VariantHead& head)
         headStream >> isNull;
     head.type = typeOfStream(raw, in.version());
     head.isNull = isNull != 0;
+    if (head.type == QMetaType::User) {
+        const int named = typeOfName(headStream, head.size, in.device());
+        // Only simple values come by name; anything else is refused below.
+        head.type = named != QMetaType::UnknownType && !isContainer(named) ? named : int(QMetaType::User);
+    }
     return true;
 }
 
@@ -314,6 +339,11 @@ bool KRC_PropertyStream::readFlag(QDataStream& in, bool& flag)
         return false;
     flag = number != 0;
     return true;
+}
+
+bool KRC_PropertyStream::acceptsType(int type, int version)
+{
+    return isContainer(type) || isSafeLeaf(type, version);
 }
 
 void KRC_PropertyStream::writeString(QDataStream& out, QString const& text)

@@ -20,7 +20,7 @@
 /// QBitArray, QStringList, QVariantList, QVariantMap and QVariantHash (recursively),
 /// QDate, QTime, QDateTime, QUrl, QUuid, QLocale, QRegExp, QRegularExpression, the
 /// point/size/rect/line families, QFont, QColor, QKeySequence, QTextLength, QMatrix,
-/// QTransform, QMatrix4x4, the vector and quaternion types and QSizePolicy. Writing
+/// QTransform, QMatrix4x4 and the vector and quaternion types. Writing
 /// takes any type, as QDataStream does.
 /// Stateless; usable from any thread on a stream that thread owns.
 class KRC_PropertyStream
@@ -29,6 +29,9 @@ public:
     static bool readString(QDataStream& in, QString& text);
     static bool readVariant(QDataStream& in, QVariant& value);
     static bool readFlag(QDataStream& in, bool& flag);
+    /// Whether values of this type (QMetaType number) are read back from streams of
+    /// the given version.
+    static bool acceptsType(int type, int version);
 
     static void writeString(QDataStream& out, QString const& text);
     static void writeVariant(QDataStream& out, QVariant const& value);

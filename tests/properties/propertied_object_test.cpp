@@ -1,0 +1,198 @@
+// KRC_PropertiedObject: insertion, union by name, comparison, copies and XML.
+#include "properties/KRC_PropertiedObject.h"
+#include "properties/KRC_PropertyFromList.h"
+#include "properties/KRC_PropertyObserver.h"
+#include "support/QtWarningCapture.h"
+
+#include <QDomDocument>
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList names(KRC_PropertiedObject const& object)
+{
+    std::list<QString> all;
+    object.getAllProperties(all);
+    return QStringList(all.begin(), all.end());
+}
+
+class DeletionCounter : public KRC_PropertyObserver
+{
+public:
+    void onPropertyDeleted(KRC_Property*) override { ++deleted; }
+    int deleted = 0;
+};
+
+// A subclass that puts a property of its own ahead of the owned ones.
+class Extended : public KRC_PropertiedObject
+{
+public:
+    using KRC_PropertiedObject::getAllProperties;
+    void getAllProperties(std::list<KRC_Property*>& properties) const override
+    {
+        properties.push_back(const_cast<KRC_Property*>(&extra));
+        KRC_PropertiedObject::getAllProperties(properties);
+    }
+    KRC_Property extra { "a", QVariant(100), nullptr };
+};
+
+TEST(PropertiedObject, ReplacingKeepsThePlaceAndDeletesTheOldOne)
+{
+    KRC_PropertiedObject object;
+    object.addProperty("a", 1);
+    KRC_Property* b = object.addProperty("b", 2);
+    object.addProperty("c", 3);
+    DeletionCounter counter;
+    counter.registerObservable(b);
+    KRC_Property* replacement = object.addProperty("b", QString("two"));
+    EXPECT_EQ(counter.deleted, 1);
+    EXPECT_EQ(names(object), QStringList({ "a", "b", "c" }));
+    EXPECT_EQ(object.getProperty("b"), replacement);
+    EXPECT_EQ(object.addProperty(replacement), replacement);
+    EXPECT_EQ(object.propertiesCount(), 3u);
+
+    object.removeProperty("a");
+    object.removeProperty("missing");
+    EXPECT_EQ(names(object), QStringList({ "b", "c" }));
+    object.clearProperties();
+    EXPECT_EQ(object.propertiesCount(), 0u);
+}
+
+TEST(PropertiedObject, AddOperationsBuildTheirKindsAndDefinitions)
+{
+    KRC_PropertiedObject object;
+    KRC_Property* plain
+        = object.addPropertyFromList("l", 1, QVariantList(), true, true, "L", "S", false, false);
+    EXPECT_EQ(plain->propertyType(), 0);
+    EXPECT_FALSE(plain->regenarationScript("o").contains("possValues"));
+    auto list = dynamic_cast<KRC_PropertyFromList*>(
+        object.addPropertyFromList("m", 1, QVariantList { "k", 1, "x" }, false, true));
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->possibleValues(), (QMap<QString, QVariant> { { "k", 1 } }));
+    EXPECT_EQ(object.addPropertyFromRange("r", 1, 0, 5)->propertyType(), 2);
+    EXPECT_EQ(object.addPropertyFromFile("f", "x", "*.txt", "L", "S", true, false)->ldesc(), QString("L"));
+    EXPECT_EQ(object.addPropertyFromFont("t", "Sans")->propertyType(), 4);
+    EXPECT_EQ(object.addPropertyFromCaptionList("c", "a;b", "L", "S", false, true)->propertyType(), 5);
+
+    KRC_Property* internal = object.addPropertyInternal("i", 1, true);
+    EXPECT_EQ(internal->ldesc(), QString("Internal"));
+    EXPECT_EQ(internal->sdesc(), QString("Internal"));
+    EXPECT_TRUE(internal->isReadOnly());
+    EXPECT_TRUE(internal->isInternal());
+
+    object.setProperty("new", 5);
+    EXPECT_FALSE(object.getProperty("new")->definition());
+    object.setProperty("new", KRC_Property("x", 6, nullptr));
+    EXPECT_EQ(object.getPropertyInt("new", 0), 6);
+}
+
+TEST(PropertiedObject, TypedGettersFallBackToTheDefault)
+{
+    KRC_PropertiedObject object;
+    object.addProperty("s", QString("true"));
+    object.addProperty("d", 2.5);
+    EXPECT_TRUE(object.getPropertyBool("missing", true));
+    EXPECT_EQ(object.getPropertyBool("s", false), QVariant(QString("true")).toBool());
+    EXPECT_EQ(object.getPropertyDouble("d", 0), 2.5);
+    EXPECT_EQ(object.getPropertyString("missing", "def"), QString("def"));
+    EXPECT_FALSE(object.exists("missing"));
+}
+
+TEST(PropertiedObject, VariantToPropertyList)
+{
+    QMap<QString, QVariant> target { { "keep", 0 } };
+    KRC_PropertiedObject::qVariantToPropertyList(QVariantList { "a", 1, "keep", 2, "odd" }, target);
+    EXPECT_EQ(target, (QMap<QString, QVariant> { { "a", 1 }, { "keep", 2 } }));
+    KRC_PropertiedObject::qVariantToPropertyList(5, target);
+    EXPECT_EQ(target.size(), 2);
+    KRC_PropertiedObject::qVariantToPropertyList(QVariantMap { { "z", 9 } }, target);
+    EXPECT_EQ(target, (QMap<QString, QVariant> { { "z", 9 } }));
+}
+
+TEST(PropertiedObject, CompareRunsOneWayOverTheVirtualList)
+{
+    KRC_PropertiedObject full;
+    KRC_PropertiedObject empty;
+    full.addProperty("a", 1);
+    EXPECT_TRUE(full.propertiesCompare(&empty));
+    EXPECT_FALSE(empty.propertiesCompare(&full));
+
+    Extended extended;
+    extended.addProperty("a", 1); // hidden behind the subclass's own "a"
+    extended.addProperty("b", 2);
+    EXPECT_EQ(extended.propertiesCount(), 2u);
+    EXPECT_FALSE(full.propertiesCompare(&extended));
+    KRC_PropertiedObject same;
+    same.addProperty("a", 100);
+    same.addProperty("b", 2);
+    EXPECT_TRUE(same.propertiesCompare(&extended));
+}
+
+TEST(PropertiedObject, CopyOperationsMoveValuesOrClones)
+{
+    KRC_PropertiedObject source;
+    source.addPropertyFromRange("r", 3, 0, 9, "L", "S", false, false);
+    source.addProperty("s", QString("x"));
+
+    KRC_PropertiedObject target;
+    target.addProperty("r", QString("old"));
+    target.propertyCopyFrom(&source, "r", "");
+    EXPECT_EQ(target.getProperty("r")->value(), QVariant(QString("3"))); // the target keeps its type
+    target.propertyCopyFrom(&source, "r", "copy");
+    EXPECT_EQ(target.getProperty("copy")->propertyType(), 0);
+    EXPECT_FALSE(target.getProperty("copy")->definition());
+    target.propertyCopyFrom(&source, "missing", "");
+    EXPECT_EQ(names(target), QStringList({ "r", "copy" }));
+
+    target.propertiesCopyFrom(&source, false);
+    EXPECT_EQ(names(target), QStringList({ "r", "copy" }));
+    target.propertiesCopyFrom(&source, true);
+    EXPECT_EQ(names(target), QStringList({ "r", "copy", "s" }));
+
+    target.propertiesSetFrom(&source);
+    EXPECT_EQ(names(target), QStringList({ "r", "s" }));
+    EXPECT_EQ(target.getProperty("r")->propertyType(), 2);
+    EXPECT_EQ(target.getProperty("r")->definition(), source.getProperty("r")->definition());
+    EXPECT_NE(target.getProperty("r"), source.getProperty("r"));
+
+    KRC_PropertiedObject copy(source);
+    copy.setProperty("s", QString("changed"));
+    EXPECT_EQ(source.getPropertyString("s", ""), QString("x"));
+    copy = target;
+    EXPECT_TRUE(copy.propertiesCompare(&target));
+}
+
+TEST(PropertiedObject, XmlStoresOwnedPropertiesAndLoadsOnlyKnownOnes)
+{
+    Extended object;
+    object.addProperty("n", 1);
+    object.addProperty("s", QString("x"));
+    QDomDocument document;
+    QDomElement root = document.createElement("root");
+    ASSERT_TRUE(object.store(document, root));
+    QDomElement element = root.firstChildElement("properties");
+    EXPECT_EQ(element.childNodes().count(), 2); // not the subclass's own property
+
+    element.firstChildElement("n").setAttribute("value", "7");
+    element.insertBefore(document.createElement("unknown"), element.firstChild());
+    element.appendChild(document.createTextNode("text"));
+    KRC_PropertiedObject reloaded;
+    reloaded.addProperty("n", 0);
+    reloaded.addProperty("s", QString());
+    ASSERT_TRUE(reloaded.load(element));
+    EXPECT_EQ(reloaded.getPropertyInt("n", 0), 7);
+    EXPECT_EQ(reloaded.getPropertyString("s", ""), QString("x"));
+    EXPECT_EQ(reloaded.propertiesCount(), 2u);
+
+    KRC_PropertiedObject failing;
+    failing.addProperty("n", 0);
+    failing.addProperty(new KRC_Property("s")); // holds no value, so its text can't be set
+    element.firstChildElement("n").setAttribute("value", "8");
+    QtWarningCapture capture;
+    EXPECT_FALSE(failing.load(element));
+    EXPECT_EQ(failing.getPropertyInt("n", 0), 8);
+    QDomElement wrong = document.createElement("other");
+    EXPECT_FALSE(failing.load(wrong));
+}
+
+} // namespace

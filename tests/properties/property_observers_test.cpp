@@ -1,0 +1,112 @@
+// The two-sided link between properties and observers, and what observers are told.
+#include "properties/KRC_Property.h"
+#include "properties/KRC_PropertyObserver.h"
+#include "support/QtWarningCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+class Recorder : public KRC_PropertyObserver
+{
+public:
+    void onPropertyModified(KRC_Property* property) override
+    {
+        events.push_back({ 'm', property });
+        if (leaveOnModify)
+            unregisterObservable(property);
+    }
+    void onPropertyDeleted(KRC_Property* property) override { events.push_back({ 'd', property }); }
+
+    std::vector<std::pair<char, KRC_Property*>> events;
+    bool leaveOnModify = false;
+};
+
+using Events = std::vector<std::pair<char, KRC_Property*>>;
+
+TEST(PropertyObservers, EveryAcceptedSetValueIsToldOnceAndRefusalsAreNot)
+{
+    KRC_Property property("p", 1, nullptr);
+    Recorder recorder;
+    recorder.registerObservable(&property);
+    recorder.registerObservable(&property);
+    EXPECT_EQ(property.observerCount(), 1u);
+
+    property.setValue(1); // same value: still told
+    property.setValue(2);
+    QtWarningCapture capture;
+    property.setValue(QString("x")); // refused
+    EXPECT_EQ(recorder.events, Events({ { 'm', &property }, { 'm', &property } }));
+
+    recorder.unregisterObservable(&property);
+    recorder.unregisterObservable(&property);
+    property.setValue(3);
+    EXPECT_EQ(recorder.events.size(), 2u);
+    EXPECT_EQ(property.observerCount(), 0u);
+}
+
+TEST(PropertyObservers, DestroyedPropertyTellsAndLeavesNoEntry)
+{
+    Recorder recorder;
+    auto property = std::make_unique<KRC_Property>("p");
+    KRC_Property* identity = property.get();
+    recorder.registerObservable(identity);
+    property.reset();
+    EXPECT_EQ(recorder.events, Events({ { 'd', identity } }));
+    EXPECT_EQ(recorder.observableCount(), 0u);
+}
+
+TEST(PropertyObservers, DestroyedObserverLeavesThePropertyUsable)
+{
+    KRC_Property property("p", 1, nullptr);
+    {
+        Recorder recorder;
+        recorder.registerObservable(&property);
+        EXPECT_TRUE(property.isObservedBy(&recorder));
+    }
+    EXPECT_EQ(property.observerCount(), 0u);
+    EXPECT_TRUE(property.setValue(2));
+}
+
+TEST(PropertyObservers, UnregisteringDuringNotificationIsSafe)
+{
+    KRC_Property property("p", 1, nullptr);
+    Recorder leaving;
+    Recorder staying;
+    leaving.leaveOnModify = true;
+    leaving.registerObservable(&property);
+    staying.registerObservable(&property);
+    property.setValue(2);
+    property.setValue(3);
+    EXPECT_EQ(leaving.events.size(), 1u);
+    EXPECT_EQ(staying.events.size(), 2u);
+}
+
+TEST(PropertyObservers, CopiesAreWatchedOnBothSidesAndClonesAreNot)
+{
+    Recorder recorder;
+    auto original = std::make_unique<KRC_Property>("p", 1, nullptr);
+    recorder.registerObservable(original.get());
+    {
+        KRC_Property copy(*original);
+        EXPECT_EQ(recorder.observableCount(), 2u);
+        copy.setValue(5);
+        std::unique_ptr<KRC_Property> clone(copy.clone());
+        EXPECT_EQ(clone->observerCount(), 0u);
+        EXPECT_EQ(clone->toInt(), 5);
+    }
+    EXPECT_EQ(recorder.observableCount(), 1u);
+    EXPECT_EQ(recorder.events.size(), 2u); // the copy's change, then its deletion
+    {
+        Recorder second(recorder); // a copied observer watches the same properties
+        EXPECT_EQ(original->observerCount(), 2u);
+    }
+    EXPECT_EQ(original->observerCount(), 1u);
+    original.reset();
+    EXPECT_EQ(recorder.observableCount(), 0u);
+}
+
+} // namespace

@@ -1,0 +1,190 @@
+// The stream form of every property kind: round trips in versions 12 and 6, and
+// damaged or hostile blobs that must fail without harm.
+#include "properties/KRC_PropertyFactory.h"
+#include "properties/KRC_PropertyFromFile.h"
+#include "properties/KRC_PropertyFromFont.h"
+#include "properties/KRC_PropertyFromList.h"
+#include "properties/KRC_PropertyFromRange.h"
+#include "properties/KRC_PropertyStream.h"
+#include "support/PropertyBlobs.h"
+#include "support/QtWarningCapture.h"
+
+#include <QDate>
+#include <QFont>
+#include <QPoint>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+constexpr int kCurrent = 12;
+constexpr int kLegacy = 6;
+
+UT_SharedPtr<KRC_PropertyDefinition> described()
+{
+    return UT_SharedPtr<KRC_PropertyDefinition>(
+        new KRC_PropertyDefinition("Long text", "Short", true, false));
+}
+
+std::unique_ptr<KRC_Property> sample(int kind)
+{
+    switch (kind) {
+    case 0:
+        return std::make_unique<KRC_Property>("plain", QVariant(42), described());
+    case 1:
+        return std::make_unique<KRC_PropertyFromList>("list", QString("y"),
+            QMap<QString, QVariant> { { "a", "x" }, { "b", "y" } }, true, false, described());
+    case 2:
+        return std::make_unique<KRC_PropertyFromRange>("range", 2.5, 1.0, 3.0, described());
+    case 3:
+        return std::make_unique<KRC_PropertyFromFile>("file", QString("/tmp/a.png"), "*.png", described());
+    default:
+        return std::make_unique<KRC_PropertyFromFont>("font", QFont("Sans", 12), described());
+    }
+}
+
+bool load(KRC_Property& property, QByteArray const& bytes, int version)
+{
+    QDataStream in(bytes);
+    in.setVersion(version);
+    return property.load(in);
+}
+
+class StreamRoundTrip : public ::testing::TestWithParam<std::tuple<int, int>>
+{
+};
+
+TEST_P(StreamRoundTrip, KindValueDefinitionAndConstraintsComeBack)
+{
+    const auto [kind, version] = GetParam();
+    const std::unique_ptr<KRC_Property> original = sample(kind);
+    std::unique_ptr<KRC_Property> reloaded(KRC_PropertyFactory::create(kind, QString()));
+    ASSERT_TRUE(load(*reloaded, PropertyBlobs::store(*original, version), version));
+    EXPECT_EQ(PropertyBlobs::summary(*reloaded), PropertyBlobs::summary(*original));
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryKind, StreamRoundTrip,
+    ::testing::Combine(::testing::Range(0, 5), ::testing::Values(kCurrent, kLegacy)));
+
+TEST(PropertyStream, EveryAcceptedValueTypeComesBack)
+{
+    const QVariantList values { true, -3, 4u, -(qlonglong(1) << 40), qulonglong(1) << 63, 0.1, QString(),
+        QString("x"), QStringList { "a", "" }, QVariantList { 1, "a", QVariantList { 2 } },
+        QVariantMap { { "k", QVariantList { 1 } } }, QVariantHash { { "h", 2.5 } }, QDate(2012, 3, 1),
+        QColor(1, 2, 3, 4), QColor(), QPoint(5, 6), QByteArray("\0b", 2), QVariant(), QFont("Serif", 9) };
+    for (QVariant const& value : values) {
+        KRC_Property reloaded("");
+        ASSERT_TRUE(
+            load(reloaded, PropertyBlobs::store(KRC_Property("v", value, nullptr), kCurrent), kCurrent))
+            << value.typeName();
+        EXPECT_EQ(reloaded.value(), value) << value.typeName();
+    }
+}
+
+TEST(PropertyStream, EveryAcceptedTypeReadsBackInEveryVersion)
+{
+    for (int version : { kLegacy, kCurrent, int(QDataStream::Qt_5_15) }) {
+        for (int type = 1; type < QMetaType::User; ++type) {
+            if (!QMetaType::isRegistered(type) || !KRC_PropertyStream::acceptsType(type, version))
+                continue;
+            const QVariant value(type, nullptr);
+            QVariant reloaded;
+            const QByteArray bytes = PropertyBlobs::raw(version, [&](QDataStream& out) { out << value; });
+            QDataStream in(bytes);
+            in.setVersion(version);
+            ASSERT_TRUE(KRC_PropertyStream::readVariant(in, reloaded)) << version << " " << value.typeName();
+            // The oldest form knows fewer types and stores the others as invalid values.
+            if (reloaded.isValid()) {
+                EXPECT_EQ(reloaded.userType(), type) << version << " " << value.typeName();
+            }
+            EXPECT_TRUE(in.atEnd());
+        }
+    }
+}
+
+TEST(PropertyStream, LoadAddsADefaultDefinitionAndBypassesSetValue)
+{
+    KRC_Property target("old", QString("text"), nullptr);
+    KRC_Property source("new", 7, nullptr);
+    ASSERT_TRUE(load(target, PropertyBlobs::store(source, kCurrent), kCurrent));
+    EXPECT_EQ(target.name(), QString("new"));
+    EXPECT_EQ(target.value(), QVariant(7)); // the type is not kept
+    ASSERT_TRUE(target.definition());
+    EXPECT_TRUE(target.ldesc().isNull());
+    EXPECT_FALSE(target.isInternal()); // as the blob says, not the default
+}
+
+TEST(PropertyStream, TruncationAtEveryByteFailsAndChangesNothing)
+{
+    for (int kind = 0; kind < 5; ++kind) {
+        const QByteArray bytes = PropertyBlobs::store(*sample(kind), kCurrent);
+        for (int cut = 0; cut < bytes.size(); ++cut) {
+            std::unique_ptr<KRC_Property> property(KRC_PropertyFactory::create(kind, "fresh"));
+            EXPECT_FALSE(load(*property, bytes.left(cut), kCurrent)) << kind << " cut at " << cut;
+            EXPECT_EQ(property->name(), QString("fresh"));
+            EXPECT_FALSE(property->isValid());
+            EXPECT_FALSE(property->definition());
+        }
+    }
+}
+
+// A blob whose value is a variant of the given type tag, followed by `write`.
+QByteArray hostile(quint32 typeTag, std::function<void(QDataStream&)> const& write)
+{
+    return PropertyBlobs::raw(kCurrent, [&](QDataStream& out) {
+        out << QString("n") << typeTag << qint8(0);
+        write(out);
+    });
+}
+
+TEST(PropertyStream, HostileLengthsTagsAndNestingFailCleanly)
+{
+    const auto count = [](quint32 n) { return [n](QDataStream& out) { out << n << QString("x"); }; };
+    std::vector<QByteArray> blobs {
+        PropertyBlobs::raw(kCurrent, [](QDataStream& out) { out << quint32(0xfffffffe); }), // name length
+        hostile(QVariant::List, count(0x7fffffff)),
+        hostile(QVariant::StringList, count(0xfffffff0)),
+        hostile(QVariant::Map, count(0x10000000)),
+        hostile(QVariant::Hash, count(0x7fffffff)),
+        hostile(QVariant::ByteArray, count(0x7ffffff0)),
+        hostile(71, count(0x7fffffff)), // a polygon: its reader trusts the count
+        hostile(66, count(3)), // a brush
+        hostile(127, [](QDataStream& out) { out << QByteArray("QPolygonF") << quint32(0x7fffffff); }),
+        hostile(1024, count(1)),
+        hostile(QVariant::List,
+            [](QDataStream& out) {
+                for (int depth = 0; depth < 40; ++depth)
+                    out << quint32(1) << quint32(QVariant::List) << qint8(0);
+                out << quint32(0);
+            }),
+    };
+    for (std::size_t i = 0; i < blobs.size(); ++i) {
+        KRC_Property property("fresh");
+        EXPECT_FALSE(load(property, blobs[i], kCurrent)) << "blob " << i;
+        EXPECT_FALSE(property.isValid());
+    }
+}
+
+TEST(PropertyStream, GarbageNeverCrashesAndABadStreamIsNotRead)
+{
+    quint32 seed = 12345;
+    for (int round = 0; round < 500; ++round) {
+        QByteArray bytes;
+        for (int i = 0; i < round % 97; ++i) {
+            seed = seed * 1664525u + 1013904223u;
+            bytes.append(char(seed >> 24));
+        }
+        std::unique_ptr<KRC_Property> property(KRC_PropertyFactory::create(round % 5, "g"));
+        QtWarningCapture quiet;
+        load(*property, bytes, round % 2 ? kCurrent : kLegacy);
+    }
+    const QByteArray good = PropertyBlobs::store(*sample(0), kCurrent);
+    QDataStream in(good);
+    in.setStatus(QDataStream::ReadCorruptData);
+    KRC_Property property("fresh");
+    EXPECT_FALSE(property.load(in));
+    EXPECT_FALSE(property.isValid());
+}
+
+} // namespace
