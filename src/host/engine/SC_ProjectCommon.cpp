@@ -93,6 +93,10 @@ void SC_ProjectCommon::setChangeManager(TUSceneChangeManager* manager)
 {
     if (manager && manager == d->manager)
         return;
-    d->manager->forgetProject(this);
+    // A manager of the project's own holds nothing but this project's changes.
+    if (d->manager == d->ownManager.get())
+        d->manager->clear();
+    else
+        d->manager->forgetProject(this);
     d->useManager(manager);
 }

@@ -1,0 +1,320 @@
+// Timeline edits of the engine and the compact builder: what each edit makes of the
+// timeline, what it posts, and what it refuses without touching anything.
+#include "host/engine/HostEngine.h"
+#include "support/EngineFixtures.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+using Edit = std::function<bool(HostStoryboard&, QString*)>;
+
+struct EditCase
+{
+    char const* name;
+    char const* before;
+    Edit edit;
+    char const* after; // null: the edit is refused and nothing changes
+};
+
+class TimelineEdit : public ::testing::TestWithParam<EditCase>
+{
+};
+
+TEST_P(TimelineEdit, givesTheExpectedTimelineOrChangesNothing)
+{
+    EditCase const& c = GetParam();
+    TUSceneChangeManager manager;
+    HostStoryboard board = engineBoard(QString::fromLatin1(c.before), &manager);
+    ASSERT_TRUE(board.isValid());
+    QString const dumpBefore = engineDump(board.project.get());
+    EngineChangeRecorder recorder(manager);
+    QString error;
+    bool const done = c.edit(board, &error);
+    manager.notify();
+    QString why;
+    EXPECT_TRUE(board.project->topScene()->sequence()->isConsistent(&why))
+        << c.name << ": " << qPrintable(why);
+    if (!c.after) {
+        EXPECT_FALSE(done) << c.name;
+        EXPECT_FALSE(error.isEmpty()) << c.name;
+        EXPECT_TRUE(recorder.lines.isEmpty()) << c.name << ": a refused edit posts nothing";
+        EXPECT_EQ(engineDump(board.project.get()), dumpBefore) << c.name;
+        return;
+    }
+    EXPECT_TRUE(done) << c.name << ": " << qPrintable(error);
+    EXPECT_EQ(HostStoryboardBuilder::describe(board.project.get()), QString::fromLatin1(c.after)) << c.name;
+    if (QString::fromLatin1(c.after) != QString::fromLatin1(c.before)) {
+        EXPECT_TRUE(recorder.lines.contains(QStringLiteral("sceneChanged"))) << c.name;
+        EXPECT_FALSE(recorder.lastChanged.empty()) << c.name << ": the sequences touched are posted";
+    }
+}
+
+SC_Id shot(HostStoryboard const& board, size_t i)
+{
+    return board.shots.at(i);
+}
+
+SC_Id panel(HostStoryboard const& board, size_t s, size_t p)
+{
+    return board.panels.at(s).at(p);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Engine, TimelineEdit,
+    ::testing::Values(
+        EditCase { "insert shot first", "S[4] S[5]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 0, { 2, 3 }, e).isNull(); },
+                   "S[2,3] S[4] S[5]" },
+        EditCase { "insert shot between", "S[4] S[5]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 1, { 1 }, e).isNull(); },
+                   "S[4] S[1] S[5]" },
+        EditCase { "append shot after a transition", "S[4] T2 S[5]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 2, { 3 }, e).isNull(); },
+                   "S[4] T2 S[5] S[3]" },
+        EditCase { "insert shot at a transition", "S[4] T2 S[5]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 1, { 3 }, e).isNull(); },
+                   nullptr },
+        EditCase { "insert shot past the end", "S[4]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 2, { 3 }, e).isNull(); },
+                   nullptr },
+        EditCase { "insert shot without panel", "S[4]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 0, {}, e).isNull(); },
+                   nullptr },
+        EditCase { "remove shot with its transitions", "S[4] T2 S[5] T1 S[3]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removeShot(b.project.get(), shot(b, 1), e); },
+                   "S[4] S[3]" },
+        EditCase { "remove unknown shot", "S[4]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removeShot(b.project.get(), SC_Id(999), e); }, nullptr },
+        EditCase { "remove a panel as a shot", "S[4]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removeShot(b.project.get(), panel(b, 0, 0), e); },
+                   nullptr },
+        EditCase { "move shot forward", "S[1] S[2] S[3] S[4]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveShot(b.project.get(), shot(b, 0), 2, e); },
+                   "S[2] S[3] S[1] S[4]" },
+        EditCase { "move shot back", "S[1] S[2] S[3] S[4]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveShot(b.project.get(), shot(b, 3), 0, e); },
+                   "S[4] S[1] S[2] S[3]" },
+        EditCase { "move shot drops its transitions", "S[3] T1 S[4] S[5]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveShot(b.project.get(), shot(b, 1), 2, e); },
+                   "S[3] S[5] S[4]" },
+        EditCase { "move shot onto a transition", "S[3] S[4] T1 S[5]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveShot(b.project.get(), shot(b, 0), 1, e); },
+                   nullptr },
+        EditCase { "resize following shot resizes its last panel", "S[3,4] S[2]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeShot(b.project.get(), shot(b, 0), 10, e); },
+                   "S[3,7] S[2]" },
+        EditCase { "shrink shot below its last panel", "S[3,4] S[2]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeShot(b.project.get(), shot(b, 0), 3, e); },
+                   nullptr },
+        EditCase { "shrink shot under its transitions", "S[3] T2 S[5] T2 S[3]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeShot(b.project.get(), shot(b, 1), 4, e); },
+                   nullptr },
+        EditCase { "resize warped shot keeps its panels", "S[5,5]~2:10 S[2]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeShot(b.project.get(), shot(b, 0), 20, e); },
+                   "S[5,5]~2:10=20 S[2]" },
+        EditCase { "set a warp", "S[5,5] S[2]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::setTimeWarp(b.project.get(), shot(b, 0), 3, 8, e); },
+                   "S[5,5]~3:8 S[2]" },
+        EditCase { "warp ending before it starts", "S[5]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::setTimeWarp(b.project.get(), shot(b, 0), 4, 3, e); },
+                   nullptr },
+        EditCase { "insert panel grows a following shot", "S[2,3] T1 S[4]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertPanel(b.project.get(), shot(b, 0), 1, 5, e).isNull(); },
+                   "S[2,5,3] T1 S[4]" },
+        EditCase { "insert panel in a warped shot", "S[2,3]~2:5",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertPanel(b.project.get(), shot(b, 0), 2, 5, e).isNull(); },
+                   "S[2,3,5]~2:5=5" },
+        EditCase { "remove panel", "S[2,3,4] S[1]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removePanel(b.project.get(), panel(b, 0, 1), e); },
+                   "S[2,4] S[1]" },
+        EditCase { "remove last panel of a following shot", "S[2] S[1]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removePanel(b.project.get(), panel(b, 0, 0), e); },
+                   nullptr },
+        EditCase { "remove panel under a transition's need", "S[2,2] T3 S[5]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removePanel(b.project.get(), panel(b, 0, 0), e); },
+                   nullptr },
+        EditCase { "resize panel", "S[2,3] S[1]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizePanel(b.project.get(), panel(b, 0, 0), 6, e); },
+                   "S[6,3] S[1]" },
+        EditCase { "resize panel to nothing", "S[2,3]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizePanel(b.project.get(), panel(b, 0, 0), 0, e); },
+                   nullptr },
+        EditCase { "move panel within its shot", "S[1,2,3]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::movePanel(b.project.get(), panel(b, 0, 0), shot(b, 0), 2, e); },
+                   "S[2,3,1]" },
+        EditCase { "move panel to another shot", "S[1,2] S[3]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::movePanel(b.project.get(), panel(b, 0, 1), shot(b, 1), 0, e); },
+                   "S[1] S[2,3]" },
+        EditCase { "move the only panel away", "S[1] S[3]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::movePanel(b.project.get(), panel(b, 0, 0), shot(b, 1), 0, e); },
+                   nullptr },
+        EditCase { "insert inner transition", "S[4] S[5]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertTransition(b.project.get(), 1, 3, 0, 0, false, e).isNull(); },
+                   "S[4] T3 S[5]" },
+        EditCase { "insert transitions at both ends", "S[4]",
+                   [](HostStoryboard& b, QString* e) {
+                       return !HostAuthoring::insertTransition(b.project.get(), 0, 1, 0, 0, false, e).isNull()
+                           && !HostAuthoring::insertTransition(b.project.get(), 1, 2, AT_TransitionSeq::eWipe, 45, true, e).isNull();
+                   },
+                   "T1 S[4] T2:wipe,45,r" },
+        EditCase { "transition too long for its shots", "S[4] S[5]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertTransition(b.project.get(), 1, 4, 0, 0, false, e).isNull(); },
+                   nullptr },
+        EditCase { "transition on a busy junction", "S[4] T1 S[5]",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertTransition(b.project.get(), 1, 1, 0, 0, false, e).isNull(); },
+                   nullptr },
+        EditCase { "transition on an empty timeline", "",
+                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertTransition(b.project.get(), 0, 1, 0, 0, false, e).isNull(); },
+                   nullptr },
+        EditCase { "remove transition", "S[4] T3 S[5]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removeTransition(b.project.get(), b.transitions.at(0), e); },
+                   "S[4] S[5]" },
+        EditCase { "resize transition", "S[4] T3 S[5]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeTransition(b.project.get(), b.transitions.at(0), 1, e); },
+                   "S[4] T1 S[5]" },
+        EditCase { "grow transition past its room", "S[4] T3 S[5]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeTransition(b.project.get(), b.transitions.at(0), 4, e); },
+                   nullptr },
+        EditCase { "move transition", "S[4] T3 S[5] S[6]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveTransition(b.project.get(), b.transitions.at(0), 2, e); },
+                   "S[4] S[5] T3 S[6]" },
+        EditCase { "move transition beside itself", "S[4] S[5] T3 S[6]",
+                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveTransition(b.project.get(), b.transitions.at(0), 3, e); },
+                   "S[4] S[5] S[6] T3" },
+        EditCase { "set transition style", "S[4] T3 S[5]",
+                   [](HostStoryboard& b, QString* e) {
+                       return HostAuthoring::setTransitionStyle(b.project.get(), b.transitions.at(0), AT_TransitionSeq::eSlide, 0, true, e);
+                   },
+                   "S[4] T3:slide,0,r S[5]" }));
+
+TEST(EngineAuthoring, idsStayTrueAcrossEdits)
+{
+    HostStoryboard board = engineBoard(QStringLiteral("S[2] T1 S[3] S[4]"));
+    SC_Project* project = board.project.get();
+    SC_Id const inserted = HostAuthoring::insertShot(project, 0, { 5 });
+    ASSERT_FALSE(inserted.isNull());
+    EXPECT_EQ(HostAuthoring::shotIndex(project, board.shots[0]), 1);
+    EXPECT_EQ(HostAuthoring::shotIndex(project, board.shots[2]), 3);
+    EXPECT_EQ(HostAuthoring::transitionAt(project, 2), board.transitions[0]);
+    ASSERT_TRUE(HostAuthoring::moveShot(project, board.shots[2], 1));
+    EXPECT_EQ(HostAuthoring::shotId(project, 1), board.shots[2]);
+    EXPECT_EQ(HostAuthoring::panelId(project, board.shots[2], 0), board.panels[2][0]);
+    EXPECT_EQ(HostAuthoring::shotOfPanel(project, board.panels[2][0]), board.shots[2]);
+    std::set<SC_Id> ids { inserted, board.transitions[0] };
+    for (size_t i = 0; i < board.shots.size(); ++i) {
+        ids.insert(board.shots[i]);
+        ids.insert(board.panels[i].begin(), board.panels[i].end());
+    }
+    EXPECT_EQ(ids.size(), 2 + board.shots.size() * 2) << "every object has an id of its own";
+    EXPECT_EQ(ids.count(SC_Id()), 0u);
+}
+
+TEST(EngineAuthoring, insertShotPostsItsScenesAndTheTimeline)
+{
+    TUSceneChangeManager manager;
+    HostStoryboard board = engineBoard(QStringLiteral("S[2]"), &manager);
+    SC_Project* project = board.project.get();
+    EngineChangeRecorder recorder(manager);
+    SC_Id const id = HostAuthoring::insertShot(project, 1, { 3, 4 });
+    EXPECT_TRUE(recorder.lines.isEmpty());
+    manager.notify();
+    EXPECT_EQ(recorder.lines,
+        QStringList({ QStringLiteral("sceneChanged"), QStringLiteral("timedValuesAdded 3"),
+            QStringLiteral("timedValuesChanged 2") }));
+    TUScene* symbol = HostAuthoring::symbolOf(project, id);
+    ASSERT_NE(symbol, nullptr);
+    EXPECT_EQ(recorder.lastChanged, TUTvSet({ project->topScene()->sequence(), symbol->sequence() }));
+    EXPECT_EQ(recorder.lastAdded.count(symbol->sequence()), 1u);
+}
+
+TEST(EngineAuthoring, removeShotRemovesItsScenes)
+{
+    TUSceneChangeManager manager;
+    HostStoryboard board = engineBoard(QStringLiteral("S[2,2] S[3]"), &manager);
+    SC_Project* project = board.project.get();
+    SC_SceneManager* scenes = project->projectCommon()->sceneManager();
+    unsigned const before = project->sceneCount();
+    EngineChangeRecorder recorder(manager);
+    ASSERT_TRUE(HostAuthoring::removeShot(project, board.shots[0]));
+    manager.notify();
+    EXPECT_EQ(project->sceneCount(), before - 3);
+    EXPECT_EQ(scenes->find(board.shots[0]), nullptr);
+    EXPECT_EQ(scenes->find(board.panels[0][1]), nullptr);
+    EXPECT_NE(scenes->find(board.shots[1]), nullptr);
+    EXPECT_EQ(recorder.lastRemoved.size(), 3u);
+    EXPECT_EQ(project->topScene()->sequence()->blockAt(0)->firstFrame, 1u);
+}
+
+TEST(EngineAuthoring, editsReachTheProjectsOwnManagerWhenNoneIsGiven)
+{
+    HostStoryboard board = engineBoard(QStringLiteral("S[2]"));
+    TUSceneChangeManager* manager = board.project->projectCommon()->changeManager();
+    ASSERT_NE(manager, nullptr);
+    EXPECT_FALSE(manager->hasPendingChanges()) << "building posts nothing";
+    HostAuthoring::resizeShot(board.project.get(), board.shots[0], 5);
+    EXPECT_TRUE(manager->hasPendingChanges());
+}
+
+// --- The compact builder -------------------------------------------------------
+
+struct DescriptionCase
+{
+    char const* description;
+    char const* described; // null: refused, with this text in the error
+    char const* error;
+};
+
+class StoryboardDescription : public ::testing::TestWithParam<DescriptionCase>
+{
+};
+
+TEST_P(StoryboardDescription, buildsAndDescribesBack)
+{
+    DescriptionCase const& c = GetParam();
+    QString error;
+    HostStoryboard board = HostStoryboardBuilder::build(QString::fromLatin1(c.description), &error);
+    if (!c.described) {
+        EXPECT_FALSE(board.isValid()) << c.description;
+        EXPECT_TRUE(error.contains(QString::fromLatin1(c.error)))
+            << c.description << ": " << qPrintable(error);
+        return;
+    }
+    ASSERT_TRUE(board.isValid()) << c.description << ": " << qPrintable(error);
+    EXPECT_EQ(HostStoryboardBuilder::describe(board.project.get()), QString::fromLatin1(c.described));
+    QString why;
+    EXPECT_TRUE(board.project->topScene()->sequence()->isConsistent(&why)) << qPrintable(why);
+}
+
+INSTANTIATE_TEST_SUITE_P(Engine, StoryboardDescription,
+    ::testing::Values(
+        DescriptionCase { "S1[10,12] T4 S2[8] S3[5,5,5]", "S[10,12] T4 S[8] S[5,5,5]", nullptr },
+        DescriptionCase { "  S[1]   S[2] ", "S[1] S[2]", nullptr }, DescriptionCase { "", "", nullptr },
+        DescriptionCase {
+            "T2 S[5] T1:wipe,90 S[5] T3:2,0,r", "T2 S[5] T1:wipe,90 S[5] T3:clockwipe,0,r", nullptr },
+        DescriptionCase { "S[10,10]~5:15=22 S[4]~2.5:3", "S[10,10]~5:15=22 S[4]~2.5:3", nullptr },
+        DescriptionCase { "S[4] T1:7", "S[4] T1:7", nullptr },
+        DescriptionCase { "S[0]", nullptr, "token 1 \"S[0]\"" },
+        DescriptionCase { "S[2] Q[3]", nullptr, "token 2 \"Q[3]\"" },
+        DescriptionCase { "S[2] T1 T1 S[3]", nullptr, "two transitions in a row" },
+        DescriptionCase { "S[5] T9 S[5]", nullptr, "token 2 \"T9\": a transition of 9 frames" },
+        DescriptionCase { "Sa[2] Sa[3]", nullptr, "the label is given twice" },
+        DescriptionCase { "S[2]~5:3", nullptr, "token 1" },
+        DescriptionCase { "S[2] T1:spin S[3]", nullptr, "unknown transition type" }));
+
+TEST(EngineBuilder, returnsIdsInTimelineOrderAndLabels)
+{
+    HostStoryboard board = engineBoard(QStringLiteral("S1[10,12] T4 S2[8] Sx[5,5,5]"));
+    ASSERT_EQ(board.shots.size(), 3u);
+    ASSERT_EQ(board.transitions.size(), 1u);
+    EXPECT_EQ(board.panels[2].size(), 3u);
+    EXPECT_EQ(board.shotsByLabel.at(QStringLiteral("x")), board.shots[2]);
+    EXPECT_EQ(board.shotsByLabel.at(QStringLiteral("1")), board.shots[0]);
+    for (size_t i = 0; i < board.shots.size(); ++i)
+        EXPECT_EQ(HostAuthoring::shotId(board.project.get(), unsigned(i)), board.shots[i]);
+    EXPECT_EQ(board.project->topScene()->sequence()->nFrames(), 22u + 8 + 15 - 4);
+}
+
+} // namespace
