@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Host.h"
+#include "project/EngineLinks.h"
 #include "project/PanelTrans_t.h"
 
 #include <QObject>

@@ -63,6 +63,11 @@ unsigned PanelTrans_t::objNumOfFrame() const
     return lastFrame() - firstFrame() + 1;
 }
 
+QString PanelTrans_t::name() const
+{
+    return isTrans() ? asTrans().name() : asPanel().name();
+}
+
 bool PanelTrans_t::operator==(PanelTrans_t const& other) const
 {
     if (isInvalid() != other.isInvalid() || isTrans() != other.isTrans())

@@ -44,6 +44,7 @@ public:
     unsigned firstFrame() const;
     unsigned lastFrame() const;
     unsigned objNumOfFrame() const;
+    QString name() const;
 
     bool operator==(PanelTrans_t const& other) const;
     bool operator==(Trans_t const& trans) const { return asTrans() == trans; }

@@ -16,6 +16,8 @@ namespace Krolle {
 template <class T> class SharedPtr
 {
 public:
+    using element_type = T;
+
     SharedPtr()
         : m_ptr(T::invalidInstance())
     {

@@ -1,0 +1,276 @@
+// Frame lookups of the project view: both sides of transitions, both ends of the
+// timeline, warps that cut the symbol's panels, the caches on and off, and edits.
+#include "support/MessageCapture.h"
+#include "support/ProjectBoard.h"
+#include "support/ProjectInvariants.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Krolle;
+
+namespace {
+
+KRC_KrolleProject::ResolutionPriority const Prev = KRC_KrolleProject::PreferPrevious;
+KRC_KrolleProject::ResolutionPriority const Next = KRC_KrolleProject::PreferNext;
+
+/// A panel by its place on the board: shot index and panel index; -1 for none.
+struct At
+{
+    int shot;
+    int panel;
+};
+
+struct FrameCase
+{
+    unsigned frame;
+    int prevShot, nextShot;
+    At prevPanel, nextPanel;
+    int transition;
+};
+
+SC_Id shotId(ProjectBoard const& board, int index)
+{
+    return index < 0 ? invalidId : board.shot(size_t(index));
+}
+
+SC_Id panelId(ProjectBoard const& board, At at)
+{
+    return at.shot < 0 ? invalidId : board.panel(size_t(at.shot), size_t(at.panel));
+}
+
+SC_Id transId(ProjectBoard const& board, int index)
+{
+    return index < 0 ? invalidId : board.transition(size_t(index));
+}
+
+void expectFrame(ProjectBoard const& board, FrameCase const& c)
+{
+    SCOPED_TRACE(testing::Message() << "frame " << c.frame);
+    EXPECT_EQ(shotId(board, c.prevShot), board->getShotAt(c.frame, Prev).id());
+    EXPECT_EQ(shotId(board, c.nextShot), board->getShotAt(c.frame, Next).id());
+    EXPECT_EQ(panelId(board, c.prevPanel), board->getPanelAt(c.frame, Prev).id());
+    EXPECT_EQ(panelId(board, c.nextPanel), board->getPanelAt(c.frame, Next).id());
+    EXPECT_EQ(transId(board, c.transition), board->getTransAt(c.frame).id());
+    PanelTrans_t const either = board->getPanelTransAt(c.frame);
+    EXPECT_EQ(c.transition >= 0, either.isTrans());
+    EXPECT_EQ(c.transition >= 0 ? transId(board, c.transition) : panelId(board, c.prevPanel), either.id());
+}
+
+// Blocks of the board: T0 [1,2], S0 [1,10] with panels [1,5] [6,10], T1 [7,10],
+// S1 [7,12] with one panel, S2 [13,15], T2 [14,15].
+char const* const kTransitions = "T2 S[5,5] T4 S[6] S[3] T2";
+
+FrameCase const kTransitionFrames[] = {
+    { 0, -1, -1, { -1, 0 }, { -1, 0 }, -1 }, // before the timeline
+    { 1, 0, 0, { 0, 0 }, { 0, 0 }, 0 }, // leading transition: no shot before it
+    { 2, 0, 0, { 0, 0 }, { 0, 0 }, 0 }, { 3, 0, 0, { 0, 0 }, { 0, 0 }, -1 },
+    { 6, 0, 0, { 0, 1 }, { 0, 1 }, -1 },
+    { 7, 0, 1, { 0, 1 }, { 1, 0 }, 1 }, // first frame under the inner transition
+    { 10, 0, 1, { 0, 1 }, { 1, 0 }, 1 }, // last frame under it
+    { 11, 1, 1, { 1, 0 }, { 1, 0 }, -1 }, { 13, 2, 2, { 2, 0 }, { 2, 0 }, -1 },
+    { 14, 2, 2, { 2, 0 }, { 2, 0 }, 2 }, // trailing transition: no shot after it
+    { 15, 2, 2, { 2, 0 }, { 2, 0 }, 2 }, { 16, -1, -1, { -1, 0 }, { -1, 0 }, -1 }, // past the end
+};
+
+class TransitionFrames : public testing::TestWithParam<bool>
+{
+};
+
+TEST_P(TransitionFrames, ResolveToTheAskedSide)
+{
+    ProjectBoard board(QString::fromLatin1(kTransitions));
+    board->setCacheEnabled(GetParam());
+    for (int pass = 0; pass < 2; ++pass) { // cold, then warm
+        for (FrameCase const& c : kTransitionFrames)
+            expectFrame(board, c);
+    }
+    EXPECT_TRUE(projectViewIsConsistent(board.view()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lookups, TransitionFrames, testing::Values(true, false), [](testing::TestParamInfo<bool> const& info) {
+        return std::string(info.param ? "CacheOn" : "CacheOff");
+    });
+
+// S0 covers frames 1-7 and shows symbol frames 3-9 of panels [1,4] [5,8] [9,12]:
+// the first panel is cut to its last two frames, the last one to its first.
+TEST(WarpedShot, ShowsTheCutPanelsAtTheirSequenceFrames)
+{
+    ProjectBoard board(QStringLiteral("S[4,4,4]~3:9=7 S[2]"));
+    FrameCase const cases[] = {
+        { 1, 0, 0, { 0, 0 }, { 0, 0 }, -1 },
+        { 2, 0, 0, { 0, 0 }, { 0, 0 }, -1 },
+        { 3, 0, 0, { 0, 1 }, { 0, 1 }, -1 },
+        { 6, 0, 0, { 0, 1 }, { 0, 1 }, -1 },
+        { 7, 0, 0, { 0, 2 }, { 0, 2 }, -1 },
+        { 8, 1, 1, { 1, 0 }, { 1, 0 }, -1 },
+    };
+    for (FrameCase const& c : cases)
+        expectFrame(board, c);
+
+    Panel_t const first = board->getPanelAt(1, Prev);
+    EXPECT_EQ(1u, first.firstFrame()); // clamped to the shot's first frame
+    EXPECT_EQ(2u, first.lastFrame());
+    Panel_t const last = board->getPanelAt(7, Prev);
+    EXPECT_EQ(7u, last.firstFrame());
+    EXPECT_EQ(7u, last.lastFrame());
+    EXPECT_TRUE(projectViewIsConsistent(board.view()));
+}
+
+TEST(PanelIn, LooksBesideTheShotAtFrameZeroAndNotPastItsLength)
+{
+    ProjectBoard board(QStringLiteral("S[4,4,4]~3:9=7"));
+    Shot_t const shot = board->getShotAt(1, Prev);
+    MessageCapture messages;
+    EXPECT_EQ(board.panel(0, 0), board->getPanelIn(shot, 0).id()); // sequence frame 2, before the warp
+    EXPECT_TRUE(board->getPanelIn(shot, 8).isInvalid());
+    EXPECT_TRUE(board->getPanelIn(Shot_t::invalid, 1).isInvalid());
+    EXPECT_EQ(0, messages.count());
+}
+
+TEST(PanelIn, AShotWithoutPanelsIsQuietAndAMissingSymbolIsReported)
+{
+    ProjectBoard board(QStringLiteral("S[3] S[4]"));
+    board->getShotAt(1, Prev).symbol()->sequence()->clearBlocks();
+    MessageCapture messages;
+    EXPECT_TRUE(board->getPanelAt(2, Prev).isInvalid());
+    EXPECT_EQ(0, messages.count());
+
+    ASSERT_TRUE(board.project()->removeScene(board.shot(1)));
+    board.notify();
+    Shot_t const orphan = board->getShotAt(5, Prev);
+    ASSERT_TRUE(orphan.isValid());
+    EXPECT_EQ(nullptr, orphan.symbol());
+    EXPECT_TRUE(board->getPanelIn(orphan, 3).isInvalid());
+    ASSERT_EQ(1, messages.count());
+    EXPECT_EQ(5, messages.messages().at(0).action);
+    EXPECT_TRUE(messages.texts().at(0).startsWith(
+        QStringLiteral("Invalid search for a panel at frame 3 of shot named ")));
+    EXPECT_TRUE(messages.texts().at(0).endsWith(QStringLiteral("... nothing can be found there")));
+}
+
+TEST(ShotAt, ATransitionWhoseNeighbourDoesNotReachTheFrameGivesNothing)
+{
+    ProjectBoard board(QStringLiteral("S[5]"));
+    board.timeline()->insertBlock(
+        1, std::make_unique<AT_FrameBlock>(20, 23, std::make_unique<AT_TransitionSeq>(SC_Id(999), 0)));
+    board.notify();
+    EXPECT_TRUE(board->getShotAt(21, Prev).isInvalid());
+    EXPECT_TRUE(board->getShotAt(21, Next).isInvalid());
+    EXPECT_TRUE(board->getTransAt(21).isInvalid()); // a single block has no transition
+}
+
+TEST(Caches, EnabledShareHandlesAndDisabledBuildFreshOnes)
+{
+    ProjectBoard board(QString::fromLatin1(kTransitions));
+    Shot_t const shot = board->getShotAt(3, Prev);
+    Panel_t const panel = board->getPanelAt(3, Prev);
+    Trans_t const transition = board->getTransAt(8);
+    EXPECT_TRUE(static_cast<SharedPtr<ShotPrivate> const&>(shot) == board->getShotAt(4, Next));
+    EXPECT_TRUE(static_cast<SharedPtr<ShotPrivate> const&>(panel.shot()) == shot);
+    EXPECT_TRUE(static_cast<SharedPtr<PanelPrivate> const&>(panel) == board->getPanelAt(4, Prev));
+    EXPECT_TRUE(static_cast<SharedPtr<TransPrivate> const&>(transition) == board->getTransAt(9));
+
+    board->setCacheEnabled(false);
+    EXPECT_FALSE(board->cacheEnabled());
+    Shot_t const fresh = board->getShotAt(3, Prev);
+    EXPECT_EQ(shot, fresh);
+    EXPECT_FALSE(static_cast<SharedPtr<ShotPrivate> const&>(fresh) == board->getShotAt(3, Prev));
+    EXPECT_EQ(panel, board->getPanelAt(3, Prev));
+    EXPECT_FALSE(static_cast<SharedPtr<PanelPrivate> const&>(panel) == board->getPanelAt(3, Prev));
+
+    board->setCacheEnabled(true);
+    Shot_t const again = board->getShotAt(3, Prev);
+    EXPECT_TRUE(static_cast<SharedPtr<ShotPrivate> const&>(again) == board->getShotAt(3, Prev));
+}
+
+TEST(Caches, InvalidateDropsThemAndOldHandlesStayAsTheyWere)
+{
+    ProjectBoard board(QString::fromLatin1(kTransitions));
+    Shot_t const shot = board->getShotAt(3, Prev);
+    board->invalidate();
+    Shot_t const fresh = board->getShotAt(3, Prev);
+    EXPECT_FALSE(static_cast<SharedPtr<ShotPrivate> const&>(fresh) == shot);
+    EXPECT_EQ(shot, fresh);
+    EXPECT_TRUE(shot.isValid());
+}
+
+TEST(Caches, OnlyTheTimelinesOwnSequenceDropsThemBeforeSceneChanged)
+{
+    ProjectBoard board(QString::fromLatin1(kTransitions));
+    Shot_t const shot = board->getShotAt(3, Prev);
+    auto const cached
+        = [&] { return static_cast<SharedPtr<ShotPrivate> const&>(shot) == board->getShotAt(3, Prev); };
+
+    emit board.manager.timedValuesChanged(TUTvSet { shot.symbol()->sequence() });
+    EXPECT_TRUE(cached());
+    emit board.manager.timedValuesChanged(TUTvSet { shot.symbol()->sequence(), board.timeline() });
+    EXPECT_FALSE(cached());
+
+    Shot_t const second = board->getShotAt(3, Prev);
+    emit board.manager.sceneChanged();
+    EXPECT_FALSE(static_cast<SharedPtr<ShotPrivate> const&>(second) == board->getShotAt(3, Prev));
+}
+
+/// One engine edit, as a host command makes it.
+struct Edit
+{
+    char const* what;
+    std::function<bool(ProjectBoard&)> apply;
+};
+
+TEST(Edits, TheViewFollowsEveryEditAfterNotify)
+{
+    ProjectBoard board(QString::fromLatin1(kTransitions));
+    SC_Project* project = board.project();
+    Edit const edits[] = {
+        { "resize a shot",
+            [&](ProjectBoard& b) { return HostAuthoring::resizeShot(project, b.shot(1), 9); } },
+        { "add a panel",
+            [&](ProjectBoard& b) {
+                return HostAuthoring::insertPanel(project, b.shot(2), 0, 3).value() != 0;
+            } },
+        { "remove a transition",
+            [&](ProjectBoard& b) { return HostAuthoring::removeTransition(project, b.transition(1)); } },
+        { "cut panels with a warp",
+            [&](ProjectBoard& b) { return HostAuthoring::setTimeWarp(project, b.shot(0), 1.0, 7.0); } },
+        { "add a transition",
+            [&](ProjectBoard&) { return HostAuthoring::insertTransition(project, 2, 2).value() != 0; } },
+        { "move a shot", [&](ProjectBoard& b) { return HostAuthoring::moveShot(project, b.shot(2), 1); } },
+        { "remove a shot", [&](ProjectBoard& b) { return HostAuthoring::removeShot(project, b.shot(1)); } },
+    };
+    MessageCapture messages;
+    EXPECT_TRUE(projectViewIsConsistent(board.view()));
+    for (Edit const& edit : edits) {
+        SCOPED_TRACE(edit.what);
+        Shot_t const before = board->getShotAt(1, Prev);
+        ASSERT_TRUE(edit.apply(board));
+        board.notify();
+        Shot_t const after = board->getShotAt(1, Prev);
+        EXPECT_FALSE(static_cast<SharedPtr<ShotPrivate> const&>(before) == after);
+        EXPECT_TRUE(projectViewIsConsistent(board.view()));
+    }
+    EXPECT_EQ(0, messages.count());
+}
+
+TEST(ProjectAccessors, ReachTheEngineProject)
+{
+    ProjectBoard board(QStringLiteral("S[2]"));
+    EXPECT_EQ(board.project(), board->project());
+    EXPECT_EQ(board.project()->projectCommon(), board->projectCommon());
+    EXPECT_EQ(&board.manager, board->changeManager());
+    EXPECT_EQ(board.project()->topScene(), board->topScene());
+    EXPECT_EQ(board.project()->topScene()->sequence(), board->topSceneTv());
+    EXPECT_EQ(board.project()->projectCommon()->dbSceneData()->sceneName(), board->name());
+    EXPECT_EQ(nullptr, board->topSceneElemModule());
+
+    KRC_KrolleProject empty(nullptr);
+    EXPECT_EQ(nullptr, empty.topSceneTv());
+    EXPECT_TRUE(empty.getShotAt(1, Prev).isInvalid());
+    EXPECT_TRUE(empty.getPanelTransAt(1).isInvalid());
+    EXPECT_TRUE(empty.name().isNull());
+}
+
+} // namespace

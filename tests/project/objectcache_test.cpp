@@ -1,0 +1,90 @@
+// The frame side of the handle cache: which entries a frame hits, and which of
+// them comes back for each end of the list of hits.
+#include "project/ObjectCache.h"
+#include "project/Trans_t.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+using Krolle::ObjectCache;
+using Krolle::Trans_t;
+
+namespace {
+
+struct Interval
+{
+    unsigned first, length;
+};
+
+struct FindCase
+{
+    char const* what;
+    std::vector<Interval> entries;
+    unsigned frame;
+    int front; // index of the entry expected with takeFront, -1 for none
+    int back; // ... without takeFront
+};
+
+class ObjectCacheFrames : public testing::TestWithParam<FindCase>
+{
+};
+
+TEST_P(ObjectCacheFrames, CollectFromTheLatestStartBack)
+{
+    FindCase const& c = GetParam();
+    std::vector<std::unique_ptr<AT_FrameBlock>> blocks;
+    std::vector<Trans_t> handles;
+    ObjectCache<Trans_t> cache;
+    for (size_t i = 0; i < c.entries.size(); ++i) {
+        Interval const& e = c.entries[i];
+        blocks.push_back(std::make_unique<AT_FrameBlock>(
+            e.first, e.first + e.length - 1, std::make_unique<AT_TransitionSeq>(SC_Id(i + 1), 0)));
+        handles.emplace_back(blocks.back().get());
+        cache.insert(e.first, e.length, handles.back());
+    }
+    auto const expected = [&](int index) { return index < 0 ? Trans_t::invalid : handles[size_t(index)]; };
+    EXPECT_EQ(expected(c.front), cache.findByFrame(c.frame, true));
+    EXPECT_EQ(expected(c.back), cache.findByFrame(c.frame, false));
+    for (size_t i = 0; i < handles.size(); ++i)
+        EXPECT_EQ(handles[i], cache.findById(SC_Id(i + 1)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Caches, ObjectCacheFrames,
+    testing::Values(FindCase { "empty", {}, 3, -1, -1 }, FindCase { "inside", { { 1, 10 } }, 5, 0, 0 },
+        FindCase { "first frame", { { 4, 3 } }, 4, 0, 0 }, FindCase { "last frame", { { 4, 3 } }, 6, 0, 0 },
+        FindCase { "before all", { { 4, 3 } }, 3, -1, -1 }, FindCase { "after all", { { 4, 3 } }, 7, -1, -1 },
+        FindCase { "in a gap", { { 1, 3 }, { 8, 2 } }, 5, -1, -1 },
+        FindCase { "overlap: front is the latest start", { { 1, 10 }, { 8, 5 } }, 9, 1, 0 },
+        FindCase { "overlap of three", { { 1, 10 }, { 5, 10 }, { 8, 5 } }, 9, 2, 0 },
+        FindCase { "stops at the first entry not covering", { { 1, 10 }, { 3, 2 }, { 8, 5 } }, 9, 2, 2 },
+        FindCase { "same start", { { 4, 2 }, { 4, 6 } }, 5, 1, 0 }),
+    [](testing::TestParamInfo<FindCase> const& info) {
+        std::string name = info.param.what;
+        for (char& c : name)
+            c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+        return name;
+    });
+
+TEST(ObjectCache, DisabledStoresAndFindsNothing)
+{
+    auto const block = std::make_unique<AT_FrameBlock>(1, 5, std::make_unique<AT_TransitionSeq>(SC_Id(3), 0));
+    ObjectCache<Trans_t> cache;
+    cache.enabled = false;
+    cache.insert(1, 5, Trans_t(block.get()));
+    EXPECT_TRUE(cache.byFrame.empty());
+    EXPECT_TRUE(cache.byId.empty());
+    cache.enabled = true;
+    cache.insert(1, 5, Trans_t(block.get()));
+    cache.enabled = false;
+    EXPECT_TRUE(cache.findByFrame(3, true).isInvalid());
+    EXPECT_TRUE(cache.findById(SC_Id(3)).isInvalid());
+    cache.enabled = true;
+    EXPECT_TRUE(cache.findById(SC_Id(3)).isValid());
+    cache.clear();
+    EXPECT_TRUE(cache.findById(SC_Id(3)).isInvalid());
+    EXPECT_TRUE(cache.findByFrame(3, true).isInvalid());
+}
+
+} // namespace

@@ -1,0 +1,234 @@
+// The session's ownership and order of making and releasing, and the change
+// manager's posted events: their order, their pending state and clear().
+#include "support/ProjectBoard.h"
+
+#include "project/KRC_KrolleProject.h"
+#include "project/KRC_SceneChangeManager.h"
+#include "project/KRC_SessionContext.h"
+
+#include <QMetaMethod>
+#include <QSignalSpy>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Krolle;
+
+namespace {
+
+/// Records every event of a storyboard change manager, the engine's sceneChanged
+/// included, one line per delivery.
+class EventLog
+{
+public:
+    explicit EventLog(KRC_SceneChangeManager& manager)
+    {
+        auto const record
+            = [this](char const* name) { return [this, name] { lines << QString::fromLatin1(name); }; };
+        QObject::connect(&manager, &TUSceneChangeManager::sceneChanged, &context, record("sceneChanged"));
+        QObject::connect(&manager, &KRC_SceneChangeManager::sceneResized, &context, record("sceneResized"));
+        QObject::connect(&manager, &KRC_SceneChangeManager::exportRangeChanged, &context,
+            [this](QString const& range) { lines << QStringLiteral("exportRangeChanged ") + range; });
+        QObject::connect(&manager, &KRC_SceneChangeManager::cameraKeyframeSelectionChanged, &context,
+            record("cameraKeyframeSelectionChanged"));
+        QObject::connect(
+            &manager, &KRC_SceneChangeManager::projectUnloaded, &context, record("projectUnloaded"));
+        QObject::connect(
+            &manager, &KRC_SceneChangeManager::externalPanelsDrop, &context, record("externalPanelsDrop"));
+        QObject::connect(&manager, &KRC_SceneChangeManager::shotCollapsedUncollapsed, &context,
+            record("shotCollapsedUncollapsed"));
+    }
+
+    QStringList take()
+    {
+        QStringList const taken = lines;
+        lines.clear();
+        return taken;
+    }
+
+    QStringList lines;
+    QObject context;
+};
+
+void postAllInReverse(KRC_SceneChangeManager& manager)
+{
+    manager.emitShotCollapsedUncollapsed();
+    manager.emitExternalPanelsDrop();
+    manager.emitProjectUnloaded();
+    manager.emitCameraKeyframeSelectionChanged();
+    manager.emitExportRangeChanged(QStringLiteral("b"));
+    manager.emitExportRangeChanged(QStringLiteral("a"));
+    manager.emitSceneResized();
+}
+
+QStringList const kAllInOrder = { QStringLiteral("sceneResized"), QStringLiteral("exportRangeChanged b"),
+    QStringLiteral("exportRangeChanged a"), QStringLiteral("cameraKeyframeSelectionChanged"),
+    QStringLiteral("projectUnloaded"), QStringLiteral("externalPanelsDrop"),
+    QStringLiteral("shotCollapsedUncollapsed") };
+
+} // namespace
+
+TEST(ChangeManager, SignalsStandInTheirFixedOrder)
+{
+    QMetaObject const& meta = KRC_SceneChangeManager::staticMetaObject;
+    QStringList names;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        if (meta.method(i).methodType() == QMetaMethod::Signal)
+            names << QString::fromLatin1(meta.method(i).methodSignature());
+    }
+    EXPECT_EQ(
+        (QStringList { "sceneResized()", "exportRangeChanged(QString)", "cameraKeyframeSelectionChanged()",
+            "projectUnloaded()", "externalPanelsDrop()", "shotCollapsedUncollapsed()" }),
+        names);
+}
+
+TEST(ChangeManager, PostingDeliversNothingUntilNotify)
+{
+    KRC_SceneChangeManager manager;
+    EventLog log(manager);
+    postAllInReverse(manager);
+    EXPECT_TRUE(log.lines.isEmpty());
+    manager.notify();
+    EXPECT_EQ(kAllInOrder, log.take());
+    manager.notify();
+    EXPECT_TRUE(log.lines.isEmpty());
+}
+
+TEST(ChangeManager, RangesKeepDuplicatesAndFlagsDoNot)
+{
+    KRC_SceneChangeManager manager;
+    QSignalSpy ranges(&manager, &KRC_SceneChangeManager::exportRangeChanged);
+    QSignalSpy resized(&manager, &KRC_SceneChangeManager::sceneResized);
+    manager.emitExportRangeChanged(QStringLiteral("a"));
+    manager.emitExportRangeChanged(QStringLiteral("a"));
+    manager.emitSceneResized();
+    manager.emitSceneResized();
+    manager.notify();
+    ASSERT_EQ(2, ranges.count());
+    EXPECT_EQ(QStringLiteral("a"), ranges.at(1).at(0).toString());
+    EXPECT_EQ(1, resized.count());
+}
+
+TEST(ChangeManager, HeldNotificationKeepsEverythingPending)
+{
+    KRC_SceneChangeManager manager;
+    EventLog log(manager);
+    {
+        TUSceneChangeManager::HoldScope hold(&manager);
+        postAllInReverse(manager);
+        manager.notify();
+        EXPECT_TRUE(log.lines.isEmpty());
+    }
+    manager.notify();
+    EXPECT_EQ(kAllInOrder, log.take());
+}
+
+TEST(ChangeManager, ClearDropsResizeAndRangesButKeepsTheOthers)
+{
+    KRC_SceneChangeManager manager;
+    EventLog log(manager);
+    postAllInReverse(manager);
+    manager.clear();
+    manager.notify();
+    EXPECT_EQ(kAllInOrder.mid(3), log.take());
+}
+
+TEST(ChangeManager, AnEventPostedWhileItIsDeliveredGoesOutAtTheNextNotify)
+{
+    KRC_SceneChangeManager manager;
+    EventLog log(manager);
+    int resized = 0;
+    int ranges = 0;
+    QObject::connect(&manager, &KRC_SceneChangeManager::sceneResized, &log.context, [&] {
+        if (resized++ == 0)
+            manager.emitSceneResized();
+    });
+    QObject::connect(&manager, &KRC_SceneChangeManager::exportRangeChanged, &log.context, [&] {
+        if (ranges++ == 0)
+            manager.emitExportRangeChanged(QStringLiteral("again"));
+    });
+    manager.emitSceneResized();
+    manager.emitExportRangeChanged(QStringLiteral("a"));
+    manager.notify();
+    EXPECT_EQ((QStringList { "sceneResized", "exportRangeChanged a" }), log.take());
+    manager.notify();
+    EXPECT_EQ((QStringList { "sceneResized", "exportRangeChanged again" }), log.take());
+    manager.notify();
+    EXPECT_TRUE(log.lines.isEmpty());
+}
+
+TEST(ChangeManager, TheViewHasDroppedItsCachesBeforeTheStoryboardEvents)
+{
+    ProjectBoard board(QStringLiteral("S[4] S[5]"));
+    EventLog log(board.manager);
+    Shot_t const before = board->getShotAt(1, KRC_KrolleProject::PreferPrevious);
+    bool renewed = false;
+    QObject::connect(&board.manager, &KRC_SceneChangeManager::sceneResized, &log.context, [&] {
+        Shot_t const now = board->getShotAt(1, KRC_KrolleProject::PreferPrevious);
+        renewed = !(static_cast<SharedPtr<ShotPrivate> const&>(now) == before);
+    });
+    ASSERT_TRUE(HostAuthoring::resizeShot(board.project(), board.shot(0), 6));
+    board.manager.emitSceneResized();
+    board.notify();
+    EXPECT_TRUE(renewed);
+    QStringList const lines = log.take();
+    ASSERT_EQ(2, lines.size());
+    EXPECT_EQ(QStringLiteral("sceneChanged"), lines.at(0));
+    EXPECT_EQ(6u, board->getShotAt(1, KRC_KrolleProject::PreferPrevious).lastFrame());
+}
+
+TEST(Session, MakesItsManagersThroughInit)
+{
+    std::unique_ptr<KRC_SessionContext> session(KRC_SessionContext::createSessionContext(nullptr, nullptr));
+    ASSERT_NE(nullptr, session->changeManager());
+    EXPECT_EQ(session->changeManager(), session->SC_SessionContext::changeManager());
+    ASSERT_NE(nullptr, session->cameraManager());
+    EXPECT_EQ(session.get(), session->cameraManager()->sessionContext());
+    EXPECT_EQ(nullptr, session->krolleProject());
+}
+
+TEST(Session, OpensAndReleasesAView)
+{
+    std::unique_ptr<KRC_SessionContext> session(KRC_SessionContext::createSessionContext(nullptr, nullptr));
+    SC_Project* project = session->projectManager()->newProject();
+    ASSERT_NE(nullptr, project);
+    ASSERT_NE(0u, HostAuthoring::insertShot(project, 0, { 3, 4 }).value());
+    session->changeManager()->notify();
+
+    KRC_KrolleProject* view = session->createKrolleProject(project);
+    ASSERT_NE(nullptr, view);
+    EXPECT_EQ(view, session->krolleProject());
+    EXPECT_EQ(project, view->project());
+    EXPECT_EQ(nullptr, session->createKrolleProject(nullptr));
+    EXPECT_EQ(view, session->krolleProject());
+    EXPECT_EQ(5u, view->getPanelAt(5, KRC_KrolleProject::PreferPrevious).lastFrame() - 2);
+
+    // The view listens to the session's manager.
+    ASSERT_TRUE(HostAuthoring::insertShot(project, 0, { 2 }).value() != 0);
+    session->changeManager()->notify();
+    EXPECT_EQ(2u, view->getShotAt(1, KRC_KrolleProject::PreferPrevious).lastFrame());
+
+    session->releaseProject();
+    EXPECT_EQ(nullptr, session->krolleProject());
+    EXPECT_EQ(nullptr, session->projectManager()->currentProject());
+}
+
+TEST(Session, ReleaseWithoutAViewStillCleansTheProjectManager)
+{
+    std::unique_ptr<KRC_SessionContext> session(KRC_SessionContext::createSessionContext(nullptr, nullptr));
+    ASSERT_NE(nullptr, session->projectManager()->newProject());
+    session->releaseProject();
+    EXPECT_EQ(nullptr, session->projectManager()->currentProject());
+}
+
+TEST(Session, DeletingTheSessionDeletesAnOpenView)
+{
+    KRC_SessionContext* session = KRC_SessionContext::createSessionContext(nullptr, nullptr);
+    SC_Project* project = session->projectManager()->newProject();
+    QPointer<KRC_KrolleProject> view = session->createKrolleProject(project);
+    ASSERT_FALSE(view.isNull());
+    delete session;
+    EXPECT_TRUE(view.isNull());
+}

@@ -1,0 +1,41 @@
+// Test helper: an engine storyboard from a one-line description, with a project view
+// over it and the session's change manager that the view listens to.
+#pragma once
+
+#include "host/engine/HostStoryboardBuilder.h"
+#include "project/KRC_KrolleProject.h"
+#include "project/KRC_SceneChangeManager.h"
+#include "support/QtTestPrinters.h"
+
+#include <QString>
+
+#include <memory>
+
+/// Builds the project (failing the current test on a refused description) and opens
+/// a view over it. The view goes first, then the project, then the manager.
+class ProjectBoard
+{
+public:
+    explicit ProjectBoard(QString const& description);
+    ~ProjectBoard();
+    ProjectBoard(ProjectBoard const&) = delete;
+    ProjectBoard& operator=(ProjectBoard const&) = delete;
+
+    KRC_KrolleProject& view() const { return *m_view; }
+    KRC_KrolleProject* operator->() const { return m_view.get(); }
+    SC_Project* project() const { return board.project.get(); }
+    TUSeqTimedValue* timeline() const;
+
+    SC_Id shot(size_t index) const { return board.shots.at(index); }
+    SC_Id panel(size_t shotIndex, size_t index) const { return board.panels.at(shotIndex).at(index); }
+    SC_Id transition(size_t index) const { return board.transitions.at(index); }
+
+    /// Delivers what the engine collected, as a host command does when it ends.
+    void notify() { manager.notify(); }
+
+    KRC_SceneChangeManager manager;
+    HostStoryboard board;
+
+private:
+    std::unique_ptr<KRC_KrolleProject> m_view;
+};
