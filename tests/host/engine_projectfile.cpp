@@ -1,0 +1,291 @@
+// The project file: save and reload compare equal, refused documents name their
+// place and give no project, and a failed save leaves the previous file alone.
+#include "host/context/TUDbSceneData.h"
+#include "host/engine/HostEngine.h"
+#include "host/persistence/PIO_MetadataGeneric.h"
+#include "host/persistence/PIO_Metadatas.h"
+#include "support/EngineFixtures.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+Math::Matrix4x4 translation(double x, double y, double z)
+{
+    Math::Matrix4x4 matrix;
+    matrix.translate(x, y, z);
+    return matrix;
+}
+
+// A project that uses every part of the file: transitions of all placements and
+// styles, warps, a block of another kind, cameras, planes, records and nodes.
+HostStoryboard richBoard()
+{
+    HostStoryboard board = engineBoard(QStringLiteral("T1 S[3,4] T2:wipe,90,r S[5]~2:4=7 S[2,2,2] T1:slide"));
+    SC_Project* project = board.project.get();
+    SC_ProjectCommon* common = project->projectCommon();
+    common->dbSceneData()->setSceneName(QStringLiteral("Storyboard \"é\" <1>"));
+    common->dbSceneData()->setProjectDir(QStringLiteral("/projects/sb"));
+    common->setDefaultCameraMatrix(translation(0, 0, 12.5));
+    auto* note = new PIO_MetadataString(QStringLiteral("note"));
+    note->setValue(QStringLiteral("line one\nline two & <three>"));
+    project->metadatas()->add(note);
+
+    TUScene* symbol = HostAuthoring::symbolOf(project, board.shots[1]);
+    symbol->setName(QStringLiteral("symbol"));
+    symbol->sequence()->setName(QStringLiteral("panels"));
+    symbol->sceneCommon()->setCameraPlanes(0.25, 512.0);
+    symbol->setEmbeddedCameraKey(1.0, translation(1, 2, 3));
+    symbol->setEmbeddedCameraKey(3.5, translation(0.1, 0.2, 1.0 / 3.0));
+    auto* flag = new PIO_MetadataBool(QStringLiteral("flag"));
+    flag->setValue(true);
+    symbol->metadatas()->add(flag);
+
+    auto* panelScene = static_cast<TUScene*>(common->sceneManager()->find(board.panels[0][0]));
+    MO_Node* peg = HostNodeAuthoring::addPeg(panelScene->getRootGroup(), QStringLiteral("Peg"));
+    MO_ElementModule* element = HostNodeAuthoring::addElement(
+        panelScene->getRootGroup(), QStringLiteral("Ink"), CA_DrawingKind::Kvg, peg);
+    int const drawing = HostNodeAuthoring::addDrawing(element, QStringLiteral("/projects/sb/ink-1.kvg"));
+    HostNodeAuthoring::setExposure(element, 1, 3, drawing);
+
+    // A block of another kind and one without sequence, in a scene of their own.
+    TUScene* extra = project->createScene(QStringLiteral("extra"));
+    extra->sequence()->insertBlock(0, std::make_unique<AT_FrameBlock>(1, 4, std::make_unique<TUSeq>()));
+    extra->sequence()->insertBlock(1, std::make_unique<AT_FrameBlock>(5, 6, nullptr));
+    extra->sequence()->insertBlock(2,
+        std::make_unique<AT_FrameBlock>(
+            7, 9, std::make_unique<AT_AbstractSceneSeq>(project->createScene()->id)));
+    return board;
+}
+
+class EngineProjectFile : public ::testing::Test
+{
+protected:
+    QTemporaryDir dir;
+    QString path(QString const& name) const { return dir.filePath(name); }
+};
+
+TEST_F(EngineProjectFile, saveAndLoadGiveTheSameProject)
+{
+    HostStoryboard board = richBoard();
+    QString error;
+    ASSERT_TRUE(HostProjectFile::save(board.project.get(), path("a.xml"), &error)) << qPrintable(error);
+    TUSceneChangeManager manager;
+    EngineChangeRecorder recorder(manager);
+    UT_SharedPtr<SC_Project> loaded = HostProjectFile::load(path("a.xml"), &error, &manager);
+    ASSERT_TRUE(loaded) << qPrintable(error);
+    EXPECT_EQ(engineDump(loaded.get()), engineDump(board.project.get()));
+    EXPECT_EQ(
+        HostStoryboardBuilder::describe(loaded.get()), HostStoryboardBuilder::describe(board.project.get()));
+    EXPECT_EQ(loaded->projectCommon()->changeManager(), &manager);
+    manager.notify();
+    EXPECT_TRUE(recorder.lines.isEmpty()) << "loading is no edit";
+
+    // Saving the loaded project again gives the same document.
+    EXPECT_EQ(HostProjectFile::toXml(loaded.get()), HostProjectFile::toXml(board.project.get()));
+}
+
+TEST_F(EngineProjectFile, loadedProjectGoesOnWithFreshIds)
+{
+    HostStoryboard board = engineBoard(QStringLiteral("S[2] T1 S[3]"));
+    QString error;
+    UT_SharedPtr<SC_Project> loaded
+        = HostProjectFile::fromXml(HostProjectFile::toXml(board.project.get()), &error);
+    ASSERT_TRUE(loaded) << qPrintable(error);
+    SC_Id const added = HostAuthoring::insertShot(loaded.get(), 2, { 4 });
+    ASSERT_FALSE(added.isNull());
+    for (SC_Id const& id :
+        { board.shots[0], board.shots[1], board.transitions[0], board.panels[0][0], board.panels[1][0] })
+        EXPECT_NE(added, id);
+    EXPECT_EQ(HostAuthoring::shotIndex(loaded.get(), board.shots[1]), 1);
+}
+
+struct BadDocument
+{
+    char const* name;
+    char const* xml;
+    char const* message; // a part of the error
+};
+
+class RefusedDocument : public ::testing::TestWithParam<BadDocument>
+{
+};
+
+#define SCENES_OK                                                                                            \
+    "<scene id=\"1\"><sequence><block first=\"1\" last=\"5\" kind=\"warp\" scene=\"2\" start=\"1\" "         \
+    "end=\"5\"/>"                                                                                            \
+    "</sequence></scene><scene id=\"2\"/>"
+
+TEST_P(RefusedDocument, givesNoProjectAndNamesThePlace)
+{
+    BadDocument const& c = GetParam();
+    QString error;
+    UT_SharedPtr<SC_Project> project = HostProjectFile::fromXml(QByteArray(c.xml), &error);
+    EXPECT_FALSE(project) << c.name;
+    EXPECT_TRUE(error.contains(QStringLiteral("line "))) << c.name << ": " << qPrintable(error);
+    EXPECT_TRUE(error.contains(QString::fromUtf8(c.message))) << c.name << ": " << qPrintable(error);
+}
+
+INSTANTIATE_TEST_SUITE_P(Engine, RefusedDocument,
+    ::testing::Values(BadDocument { "empty", "", "" }, BadDocument { "not xml", "this is no xml", "" },
+        BadDocument { "truncated", "<engineProject version=\"1\" nextId=\"9\">" SCENES_OK, "" },
+        BadDocument { "other root", "<project/>", "no engine project" },
+        BadDocument { "unknown version", "<engineProject version=\"2\" nextId=\"9\"/>", "version \"2\"" },
+        BadDocument { "no scene", "<engineProject version=\"1\" nextId=\"9\"/>", "no scene" },
+        BadDocument {
+            "missing nextId", "<engineProject version=\"1\">" SCENES_OK "</engineProject>", "\"nextId\"" },
+        BadDocument { "nextId too small",
+            "<engineProject version=\"1\" nextId=\"2\">" SCENES_OK "</engineProject>", "\"nextId\" 2" },
+        BadDocument { "unknown element", "<engineProject version=\"1\" nextId=\"9\"><shot/></engineProject>",
+            "unexpected element <shot>" },
+        BadDocument { "duplicate scene id",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"/><scene id=\"1\"/></engineProject>",
+            "scene id 1 is given twice" },
+        BadDocument { "zero id",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"0\"/></engineProject>", "is 0" },
+        BadDocument { "bad number",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence><block first=\"x\" "
+            "last=\"5\" "
+            "kind=\"other\"/></sequence></scene></engineProject>",
+            "\"x\" is not a valid value for \"first\"" },
+        BadDocument { "unknown block kind",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence><block first=\"1\" "
+            "last=\"5\" "
+            "kind=\"sound\"/></sequence></scene></engineProject>",
+            "unknown kind of block \"sound\"" },
+        BadDocument { "missing scene",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence><block first=\"1\" "
+            "last=\"5\" "
+            "kind=\"warp\" scene=\"7\" start=\"1\" end=\"5\"/></sequence></scene></engineProject>",
+            "line 1, column 129: the block refers to scene 7, which does not exist" },
+        BadDocument { "shows the top scene",
+            "<engineProject version=\"1\" nextId=\"9\">" SCENES_OK
+            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
+            "scene=\"1\"/></sequence></scene>"
+            "</engineProject>",
+            "shows scene 1" },
+        BadDocument { "scene shown twice",
+            "<engineProject version=\"1\" nextId=\"9\">" SCENES_OK
+            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
+            "scene=\"2\"/></sequence></scene>"
+            "</engineProject>",
+            "scene 2 is shown by two blocks" },
+        BadDocument { "cycle",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"/>"
+            "<scene id=\"2\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
+            "scene=\"3\"/></sequence></scene>"
+            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
+            "scene=\"2\"/></sequence></scene>"
+            "</engineProject>",
+            "shows itself" },
+        BadDocument { "overlapping shot blocks",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence>"
+            "<block first=\"1\" last=\"5\" kind=\"scene\" scene=\"2\"/><block first=\"4\" last=\"8\" "
+            "kind=\"scene\" "
+            "scene=\"3\"/></sequence></scene><scene id=\"2\"/><scene id=\"3\"/></engineProject>",
+            "sequence of scene 1: block 1: overlaps the block before it" },
+        BadDocument { "duplicate transition id",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence>"
+            "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"5\" type=\"0\" angle=\"0\" "
+            "reverse=\"false\"/>"
+            "<block first=\"3\" last=\"3\" kind=\"transition\" id=\"5\" type=\"0\" angle=\"0\" "
+            "reverse=\"false\"/>"
+            "</sequence></scene></engineProject>",
+            "transition id 5 is already used" },
+        BadDocument { "transition id of a scene",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence>"
+            "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"1\" type=\"0\" angle=\"0\" "
+            "reverse=\"false\"/>"
+            "</sequence></scene></engineProject>",
+            "transition id 1 is already used" },
+        BadDocument { "bad reverse flag",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence>"
+            "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"4\" type=\"0\" angle=\"0\" "
+            "reverse=\"yes\"/>"
+            "</sequence></scene></engineProject>",
+            "reverse flag" },
+        BadDocument { "warp ending before its start",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence><block first=\"1\" "
+            "last=\"5\" "
+            "kind=\"warp\" scene=\"2\" start=\"5\" end=\"1\"/></sequence></scene><scene "
+            "id=\"2\"/></engineProject>",
+            "ends (1) before it starts (5)" },
+        BadDocument { "short matrix",
+            "<engineProject version=\"1\" nextId=\"9\"><defaultCamera matrix=\"1 0 0\"/></engineProject>",
+            "16 numbers" },
+        BadDocument { "two sequences",
+            "<engineProject version=\"1\" nextId=\"9\"><scene "
+            "id=\"1\"><sequence/><sequence/></scene></engineProject>",
+            "<sequence> is given twice" },
+        BadDocument { "content after the root",
+            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"/></engineProject><more/>", "" },
+        BadDocument { "entity declaration",
+            "<!DOCTYPE p [<!ENTITY x \"y\">]><engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"/>"
+            "<metadatas>&x;</metadatas></engineProject>",
+            "" }));
+
+TEST_F(EngineProjectFile, truncatedFileOfARealProjectIsRefused)
+{
+    HostStoryboard board = richBoard();
+    QByteArray const document = HostProjectFile::toXml(board.project.get());
+    for (int cut : { 1, document.size() / 3, document.size() / 2, document.size() - 20 }) {
+        QString error;
+        EXPECT_FALSE(HostProjectFile::fromXml(document.left(cut), &error)) << "cut at " << cut;
+        EXPECT_TRUE(error.contains(QStringLiteral("line "))) << qPrintable(error);
+    }
+}
+
+TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntact)
+{
+    HostStoryboard small = engineBoard(QStringLiteral("S[1]"));
+    QString const target = path("kept.xml");
+    ASSERT_TRUE(HostProjectFile::save(small.project.get(), target));
+    QFile original(target);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    QByteArray const before = original.readAll();
+    original.close();
+
+    // A project far larger than what the process may write: the write fails midway.
+    std::string big(" ", 1);
+    for (int i = 0; i < 300; ++i)
+        big += "S[1,1,1,1,1] ";
+    HostStoryboard large = engineBoard(QString::fromStdString(big));
+    struct rlimit saved;
+    getrlimit(RLIMIT_FSIZE, &saved);
+    auto const previousHandler = std::signal(SIGXFSZ, SIG_IGN);
+    struct rlimit limited = saved;
+    limited.rlim_cur = rlim_t(before.size() + 1024);
+    setrlimit(RLIMIT_FSIZE, &limited);
+    QString error;
+    bool const saved_ok = HostProjectFile::save(large.project.get(), target, &error);
+    setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, previousHandler);
+
+    EXPECT_FALSE(saved_ok);
+    EXPECT_TRUE(error.startsWith(target)) << qPrintable(error);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    EXPECT_EQ(original.readAll(), before);
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList { QStringLiteral("kept.xml") })
+        << "no temporary file is left";
+}
+
+TEST_F(EngineProjectFile, unreachablePlacesAreReportedWithTheirPath)
+{
+    HostStoryboard board = engineBoard(QStringLiteral("S[1]"));
+    QString error;
+    QString const nowhere = path("missing/dir/p.xml");
+    EXPECT_FALSE(HostProjectFile::save(board.project.get(), nowhere, &error));
+    EXPECT_TRUE(error.startsWith(nowhere)) << qPrintable(error);
+    EXPECT_FALSE(HostProjectFile::load(nowhere, &error));
+    EXPECT_TRUE(error.startsWith(nowhere)) << qPrintable(error);
+    EXPECT_FALSE(HostProjectFile::save(nullptr, path("x.xml"), &error));
+}
+
+} // namespace
