@@ -1,6 +1,8 @@
 #include "metadata/KRC_MetadataFactory.h"
 
 #include "metadata/KRC_PanelInfo.h"
+#include "metadata/KRC_PdfOptions.h"
+#include "metadata/KRC_ReferenceToolData.h"
 #include "metadata/KRC_SceneInfo.h"
 #include "naming/KRC_NamingRules.h"
 
@@ -33,6 +35,8 @@ std::vector<Entry> const& dispatchTable()
         { KRC_SceneInfo::kPIO_KRMETA_Keyword, &create<KRC_SceneInfo> },
         { KRC_PanelInfo::kPIO_KRMETA_Keyword, &create<KRC_PanelInfo> },
         { KRC_NamingRules::kPIO_KRMETA_Keyword, &create<KRC_NamingRules> },
+        { KRC_PdfOptions::kPIO_KRMETA_Keyword, &create<KRC_PdfOptions> },
+        { KRC_ReferenceToolData::kPIO_KRMETA_Keyword, &create<KRC_ReferenceToolData> },
     };
     return table;
 }
