@@ -39,6 +39,11 @@ SC_Project* KRC_KrolleProject::project() const
     return d->project.get();
 }
 
+KRC_ReferenceToolData* KRC_KrolleProject::referenceToolData() const
+{
+    return d->referenceToolData.get();
+}
+
 SC_ProjectCommon* KRC_KrolleProject::projectCommon() const
 {
     return project() ? project()->projectCommon() : nullptr;

@@ -9,6 +9,7 @@
 #include <QString>
 
 class KRC_KrolleProjectPrivate;
+class KRC_ReferenceToolData;
 
 namespace Krolle {
 template <class T> class ObjectCache;
@@ -57,6 +58,8 @@ public:
     MO_ElementModule* topSceneElemModule() const;
     /// The project's name, from the scene context.
     QString name() const;
+    /// The project's reference tool record, made with the view; null without a project.
+    KRC_ReferenceToolData* referenceToolData() const;
 
     // Caches.
     /// Drops every cache now.

@@ -2,6 +2,7 @@
 
 KRC_KrolleProjectPrivate::KRC_KrolleProjectPrivate(SC_Project* engineProject)
     : project(engineProject)
+    , referenceToolData(engineProject ? engineProject->metadatas() : nullptr)
 {
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "host/Host.h"
+#include "metadata/KRC_ReferenceToolData.h"
+#include "metadata/PIO_MetadataAccess.h"
 #include "project/ObjectCache.h"
 #include "project/Panel_t.h"
 #include "project/Shot_t.h"
@@ -38,6 +40,8 @@ public:
     Krolle::ObjectNameHelper const* nameHelper = nullptr;
 
     UT_SharedPtr<SC_Project> project; // dropped last: members go in reverse order
+    /// The project's reference tool record, made with the view.
+    PIO_MetadataAccess<KRC_ReferenceToolData> referenceToolData;
     Krolle::ObjectCache<Krolle::Shot_t> shotCache;
     Krolle::ObjectCache<Krolle::Trans_t> transCache;
     Krolle::ObjectCache<Krolle::Panel_t> panelCache; // read by id only

@@ -10,6 +10,7 @@ PanelPrivate::PanelPrivate(
     , symbol(panelScene)
     , shot(holder)
     , panelInfo(metadatasOf(panelScene))
+    , pdfOptions(metadatasOf(panelScene))
 {
 }
 

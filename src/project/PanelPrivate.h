@@ -2,6 +2,7 @@
 #pragma once
 
 #include "metadata/KRC_PanelInfo.h"
+#include "metadata/KRC_PdfOptions.h"
 #include "metadata/PIO_MetadataAccess.h"
 #include "project/ObjectPrivate.h"
 #include "project/Shot_t.h"
@@ -33,6 +34,7 @@ public:
     // KRC_Tracking, KRC_ExposurePoints, KRC_LayerInfos, KRC_SoundAnnotation,
     // KRC_PdfOptions.
     PIO_MetadataAccess<KRC_PanelInfo> panelInfo;
+    PIO_MetadataAccess<KRC_PdfOptions> pdfOptions;
 };
 
 } // namespace Krolle

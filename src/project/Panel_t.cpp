@@ -44,6 +44,11 @@ KRC_PanelInfo* Panel_t::panelInfo() const
     return get()->panelInfo.get();
 }
 
+KRC_PdfOptions* Panel_t::pdfOptions() const
+{
+    return get()->pdfOptions.get();
+}
+
 QString Panel_t::name() const
 {
     KRC_PanelInfo const* info = panelInfo();

@@ -36,6 +36,9 @@ public:
     /// The panel's record on its own scene, made with the panel's first handle; null
     /// without a scene.
     KRC_PanelInfo* panelInfo() const;
+    /// The panel's PDF export options, made with the panel's first handle; null without
+    /// a scene.
+    KRC_PdfOptions* pdfOptions() const;
     /// The record's custom name, else the name helper's automatic one (null without a
     /// helper).
     QString name() const;
