@@ -168,17 +168,4 @@ TEST(PersistenceMemFile, GrowsAndCopiesIndependently)
     EXPECT_EQ(file.GetLength(), 0);
 }
 
-TEST(PersistenceWritingContext, FlagsReadFalseUntilSet)
-{
-    QByteArray out;
-    QXmlStreamWriter stream(&out);
-    PO_XmlWriter writer(stream);
-    PIO_WritingContext context(writer);
-    EXPECT_EQ(&context.writer(), &writer);
-    EXPECT_FALSE(context.GetAttribute(QStringLiteral("for_drag")));
-    context.SetAttribute(QStringLiteral("for_drag"), true);
-    EXPECT_TRUE(context.GetAttribute(QStringLiteral("for_drag")));
-    EXPECT_FALSE(context.GetAttribute(QStringLiteral("For_Drag")));
-}
-
 } // namespace

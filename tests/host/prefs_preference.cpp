@@ -82,11 +82,6 @@ TEST(Prefs, SignalsOnlyRealChanges)
     EXPECT_EQ(spy.count(), 3);
 }
 
-TEST(Prefs, GlobalPreferencesStartNull)
-{
-    EXPECT_EQ(tuPref, nullptr);
-}
-
 class PrefsFile : public ::testing::Test
 {
 protected:
