@@ -1,0 +1,30 @@
+# Installs this build into a scratch prefix, then configures, builds and runs
+# examples/embed against it through find_package(Krolle): proof that a host can
+# embed the installed library. Run by ctest as `cmake -P`.
+foreach(var BUILD_DIR SOURCE_DIR WORK_DIR)
+  if(NOT DEFINED ${var})
+    message(FATAL_ERROR "TestEmbed: ${var} is not set")
+  endif()
+endforeach()
+
+file(REMOVE_RECURSE ${WORK_DIR})
+set(prefix ${WORK_DIR}/prefix)
+
+function(run_step what)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "TestEmbed: ${what} failed (${rc})\n${out}\n${err}")
+  endif()
+  set(step_output "${out}" PARENT_SCOPE)
+endfunction()
+
+run_step("install" ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+run_step("configure" ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/embed -B ${WORK_DIR}/build -G Ninja
+         -DCMAKE_PREFIX_PATH=${prefix})
+run_step("build" ${CMAKE_COMMAND} --build ${WORK_DIR}/build)
+set(ENV{LD_LIBRARY_PATH} "${prefix}/lib:$ENV{LD_LIBRARY_PATH}")
+run_step("run" ${WORK_DIR}/build/embed_example)
+if(NOT step_output MATCHES "frame +1: shot")
+  message(FATAL_ERROR "TestEmbed: unexpected output\n${step_output}")
+endif()
+message(STATUS "${step_output}")
