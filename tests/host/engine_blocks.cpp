@@ -143,6 +143,59 @@ TEST(EngineBlocks, castsAnswerOnlyTheirOwnKind)
     EXPECT_EQ(AT_TransitionSeq::typeFromString(QStringLiteral("spin")), -1);
 }
 
+TEST(EngineBlocks, lookupsStayExactOnABrokenLayout)
+{
+    // Raw edits may break the layout rules; counts and lookups still tell the truth.
+    UT_SharedPtr<SC_Project> project = HostAuthoring::createProject();
+    TUSeqTimedValue* tv = project->topScene()->sequence();
+    auto add = [tv](quint32 first, quint32 last, quint64 id) {
+        tv->insertBlock(tv->getBlockCount(),
+            std::make_unique<AT_FrameBlock>(first, last, std::make_unique<AT_AbstractSceneSeq>(SC_Id(id))));
+    };
+    add(1, 9, 1);
+    add(3, 5, 2);
+    add(4, 12, 3);
+    ASSERT_FALSE(tv->isConsistent());
+    struct
+    {
+        double frame;
+        unsigned count;
+        quint64 id;
+    } const cases[] = { { 1, 1, 1 }, { 3, 2, 2 }, { 4, 3, 3 }, { 6, 2, 3 }, { 10, 1, 3 }, { 13, 0, 0 } };
+    for (auto const& c : cases) {
+        EXPECT_EQ(tv->getBlockCount(c.frame), c.count) << c.frame;
+        AT_FrameBlock const* block = tv->getBlock(c.frame);
+        auto const* seq = block ? AT_AbstractSceneSeq::toAbstractScene(block->seq()) : nullptr;
+        EXPECT_EQ(seq ? seq->sceneId.value() : 0u, c.id) << c.frame;
+    }
+}
+
+TEST(EngineScenes, sceneManagerFindsEveryLivingSceneAfterManyRemovals)
+{
+    UT_SharedPtr<SC_Project> project = HostAuthoring::createProject();
+    SC_SceneManager const* scenes = project->projectCommon()->sceneManager();
+    std::vector<SC_Id> ids;
+    for (int i = 0; i < 1000; ++i)
+        ids.push_back(project->createScene()->id);
+    for (size_t i = 0; i < ids.size(); i += 3)
+        ASSERT_TRUE(project->removeScene(ids[i]));
+    EXPECT_FALSE(project->removeScene(ids[0]));
+    EXPECT_EQ(scenes->count(), 1u + 1000 - 334);
+    for (size_t i = 0; i < ids.size(); ++i) {
+        SC_SceneBase const* found = scenes->find(ids[i]);
+        if (i % 3 == 0) {
+            EXPECT_EQ(found, nullptr) << i;
+        } else {
+            ASSERT_NE(found, nullptr) << i;
+            EXPECT_EQ(found->id, ids[i]);
+        }
+    }
+    EXPECT_EQ(scenes->find(SC_Id()), nullptr);
+    EXPECT_EQ(project->createScene(QString(), ids[1]), nullptr) << "an id in use is refused";
+    EXPECT_NE(project->createScene(QString(), ids[0]), nullptr)
+        << "a removed scene's id may come back from a file";
+}
+
 // --- Layout rules --------------------------------------------------------------
 
 struct LayoutBlock

@@ -90,48 +90,119 @@ void TUTimedValue::postChanged()
 
 namespace {
 
-// Sorted views over a sequence's blocks, for the binary searches of the lookups.
+// The blocks of one kind (transitions, or all others) in list order, with a coarse
+// table from frame to list position so that a lookup touches a few entries only.
+struct BlockRun
+{
+    std::vector<quint32> firsts;
+    std::vector<quint32> lasts;
+    std::vector<AT_FrameBlock const*> blocks;
+    // bucketStart[b]: how many entries start before frame (b << shift).
+    std::vector<quint32> bucketStart;
+    unsigned shift = 0;
+    bool sorted = true; // first frames never decrease
+    bool monotone = true; // neither first nor last frames decrease
+    // Only for runs that are not monotone (a broken layout): every start and end, sorted.
+    std::vector<quint32> sortedFirsts;
+    std::vector<quint32> sortedLasts;
+
+    void add(AT_FrameBlock const* block)
+    {
+        if (!firsts.empty()) {
+            sorted = sorted && block->firstFrame >= firsts.back();
+            monotone = monotone && sorted && block->lastFrame >= lasts.back();
+        }
+        firsts.push_back(block->firstFrame);
+        lasts.push_back(block->lastFrame);
+        blocks.push_back(block);
+    }
+
+    void finish()
+    {
+        if (!monotone) {
+            sortedFirsts = firsts;
+            sortedLasts = lasts;
+            std::sort(sortedFirsts.begin(), sortedFirsts.end());
+            std::sort(sortedLasts.begin(), sortedLasts.end());
+        }
+        if (firsts.empty() || !sorted)
+            return;
+        // Buckets about as wide as a block, so that each holds one or two starts.
+        quint64 const span = std::max<quint64>(1, quint64(firsts.back()) / firsts.size());
+        while ((quint64(2) << shift) <= span)
+            ++shift;
+        size_t const buckets = size_t(firsts.back() >> shift) + 1;
+        bucketStart.resize(buckets + 1);
+        size_t entry = 0;
+        for (size_t b = 0; b <= buckets; ++b) {
+            quint64 const start = quint64(b) << shift;
+            while (entry < firsts.size() && firsts[entry] < start)
+                ++entry;
+            bucketStart[b] = quint32(entry);
+        }
+    }
+
+    // How many entries start at or before the frame.
+    size_t startedBy(quint32 frame) const
+    {
+        size_t const bucket = frame >> shift;
+        if (bucket + 1 >= bucketStart.size())
+            return firsts.size();
+        auto const begin = firsts.begin();
+        return size_t(
+            std::upper_bound(begin + bucketStart[bucket], begin + bucketStart[bucket + 1], frame) - begin);
+    }
+
+    // The latest-starting entry that covers the frame, or null.
+    AT_FrameBlock const* covering(quint32 frame) const
+    {
+        size_t k = sorted ? startedBy(frame) : firsts.size();
+        while (k > 0) {
+            --k;
+            if (firsts[k] <= frame && lasts[k] >= frame)
+                return blocks[k];
+            if (monotone)
+                return nullptr; // entries before end earlier still
+        }
+        return nullptr;
+    }
+
+    unsigned count(quint32 frame) const
+    {
+        if (!monotone) {
+            auto const started
+                = std::upper_bound(sortedFirsts.begin(), sortedFirsts.end(), frame) - sortedFirsts.begin();
+            auto const ended
+                = std::lower_bound(sortedLasts.begin(), sortedLasts.end(), frame) - sortedLasts.begin();
+            return unsigned(started - ended);
+        }
+        // The entries that cover the frame are the last ones that started by it.
+        size_t k = startedBy(frame);
+        unsigned covered = 0;
+        while (k > 0 && lasts[--k] >= frame)
+            ++covered;
+        return covered;
+    }
+};
+
+// Lookup views over a sequence's blocks, rebuilt after an edit.
 struct BlockIndex
 {
     bool dirty = true;
-    std::vector<quint32> contentFirsts;
-    std::vector<AT_FrameBlock const*> content;
-    std::vector<quint32> transitionFirsts;
-    std::vector<AT_FrameBlock const*> transitions;
-    std::vector<quint32> firsts;
-    std::vector<quint32> lasts;
+    BlockRun content;
+    BlockRun transitions;
     quint32 lastFrame = 0;
 
     void rebuild(std::vector<std::unique_ptr<AT_FrameBlock>> const& blocks)
     {
         *this = BlockIndex();
         for (auto const& block : blocks) {
-            if (block->isTransition()) {
-                transitionFirsts.push_back(block->firstFrame);
-                transitions.push_back(block.get());
-            } else {
-                contentFirsts.push_back(block->firstFrame);
-                content.push_back(block.get());
-            }
-            firsts.push_back(block->firstFrame);
-            lasts.push_back(block->lastFrame);
+            (block->isTransition() ? transitions : content).add(block.get());
             lastFrame = std::max(lastFrame, block->lastFrame);
         }
-        std::sort(firsts.begin(), firsts.end());
-        std::sort(lasts.begin(), lasts.end());
+        content.finish();
+        transitions.finish();
         dirty = false;
-    }
-
-    // The last block of a run sorted by first frame that starts at or before the frame,
-    // if it covers the frame.
-    static AT_FrameBlock const* covering(
-        std::vector<quint32> const& starts, std::vector<AT_FrameBlock const*> const& blocks, quint32 frame)
-    {
-        auto it = std::upper_bound(starts.begin(), starts.end(), frame);
-        if (it == starts.begin())
-            return nullptr;
-        AT_FrameBlock const* block = blocks[size_t(it - starts.begin()) - 1];
-        return block->lastFrame >= frame ? block : nullptr;
     }
 };
 
@@ -179,10 +250,9 @@ AT_FrameBlock const* TUSeqTimedValue::getBlock(double frame) const
         return nullptr;
     quint32 const whole = AT_Frame::wholeFrame(frame);
     BlockIndex const& index = s->upToDate();
-    if (AT_FrameBlock const* transition
-        = BlockIndex::covering(index.transitionFirsts, index.transitions, whole))
+    if (AT_FrameBlock const* transition = index.transitions.covering(whole))
         return transition;
-    return BlockIndex::covering(index.contentFirsts, index.content, whole);
+    return index.content.covering(whole);
 }
 
 unsigned TUSeqTimedValue::getBlockCount(double frame) const
@@ -191,11 +261,7 @@ unsigned TUSeqTimedValue::getBlockCount(double frame) const
         return 0;
     quint32 const whole = AT_Frame::wholeFrame(frame);
     BlockIndex const& index = s->upToDate();
-    // Blocks that start at or before the frame, less those that end before it.
-    auto const started
-        = std::upper_bound(index.firsts.begin(), index.firsts.end(), whole) - index.firsts.begin();
-    auto const ended = std::lower_bound(index.lasts.begin(), index.lasts.end(), whole) - index.lasts.begin();
-    return unsigned(started - ended);
+    return index.transitions.count(whole) + index.content.count(whole);
 }
 
 unsigned TUSeqTimedValue::getBlockCount() const
@@ -289,8 +355,7 @@ bool TUSeqTimedValue::isConsistent(QString* why) const
             return fail(i, QStringLiteral("overlaps two blocks before it"));
         if (content && block->firstFrame <= content->lastFrame) {
             BlockIndex const& index = s->upToDate();
-            AT_FrameBlock const* cover
-                = BlockIndex::covering(index.transitionFirsts, index.transitions, block->firstFrame);
+            AT_FrameBlock const* cover = index.transitions.covering(block->firstFrame);
             if (!cover || cover->lastFrame < content->lastFrame)
                 return fail(i,
                     QStringLiteral("overlaps the block before it (frames %1 to %2) outside a transition")
