@@ -4,9 +4,13 @@
 #include "host/Host.h"
 #include "project/EngineLinks.h"
 #include "project/PanelTrans_t.h"
+#include "project/objTransIterator.h"
+#include "project/objiterator.h"
 
 #include <QObject>
 #include <QString>
+
+#include <vector>
 
 class KRC_KrolleProjectPrivate;
 class KRC_ReferenceToolData;
@@ -81,6 +85,114 @@ public:
     Krolle::Trans_t getTransAt(unsigned frame) const;
     /// The transition at a frame if there is one, otherwise the panel (previous side).
     Krolle::PanelTrans_t getPanelTransAt(unsigned frame) const;
+
+    // Iterators
+    // Walkers in frame order. An end iterator stands on the invalid handle, except
+    // endPanel(shot), which stands on the panel after the shot's last one.
+    Krolle::objiterator<Krolle::Shot_t> beginShot() const;
+    Krolle::objiterator<Krolle::Shot_t> endShot() const;
+    Krolle::reverse_objiterator<Krolle::Shot_t> rbeginShot() const;
+    Krolle::reverse_objiterator<Krolle::Shot_t> rendShot() const;
+    Krolle::objiterator<Krolle::Panel_t> beginPanel() const;
+    Krolle::objiterator<Krolle::Panel_t> endPanel() const;
+    Krolle::reverse_objiterator<Krolle::Panel_t> rbeginPanel() const;
+    Krolle::reverse_objiterator<Krolle::Panel_t> rendPanel() const;
+    /// The panels of one shot: from its first panel up to, not including, `next` of its
+    /// last panel.
+    Krolle::objiterator<Krolle::Panel_t> beginPanel(Krolle::Shot_t const& shot) const;
+    Krolle::objiterator<Krolle::Panel_t> endPanel(Krolle::Shot_t const& shot) const;
+    Krolle::reverse_objiterator<Krolle::Panel_t> rbeginPanel(Krolle::Shot_t const& shot) const;
+    Krolle::reverse_objiterator<Krolle::Panel_t> rendPanel(Krolle::Shot_t const& shot) const;
+    Krolle::objiterator<Krolle::Trans_t> beginTrans() const;
+    Krolle::objiterator<Krolle::Trans_t> endTrans() const;
+    Krolle::reverse_objiterator<Krolle::Trans_t> rbeginTrans() const;
+    Krolle::reverse_objiterator<Krolle::Trans_t> rendTrans() const;
+    Krolle::objTransIterator<Krolle::Shot_t> beginShotTrans() const;
+    Krolle::objTransIterator<Krolle::Shot_t> endShotTrans() const;
+    Krolle::objTransIterator<Krolle::Panel_t> beginPanelTrans() const;
+    Krolle::objTransIterator<Krolle::Panel_t> endPanelTrans() const;
+    Krolle::reverse_objTransIterator<Krolle::Panel_t> rbeginPanelTrans() const;
+    Krolle::reverse_objTransIterator<Krolle::Panel_t> rendPanelTrans() const;
+    /// A mixed iterator on the transition at a frame (on the panel that ends with it,
+    /// else the one that starts with it), otherwise on the panel at the frame.
+    Krolle::objTransIterator<Krolle::Panel_t> panelTransAt(unsigned frame) const;
+
+    // Walks, counts, indices and reverse lookups
+    // All answer by walking with the iterators; nothing keeps an index. Not found gives
+    // the invalid handle, invalidNdx or an empty list.
+    /// Totals, kept until the caches go (and recounted at every call while the cache
+    /// is disabled).
+    unsigned shotCount() const;
+    unsigned panelCount() const;
+    unsigned transCount() const;
+    /// The panels that lie wholly within the shot's time warp; never cached.
+    unsigned panelCount(Krolle::Shot_t const& shot) const;
+    /// The object at a 0-based place in frame order; linear in the index.
+    Krolle::Shot_t getShotByNdx(unsigned ndx) const;
+    Krolle::Panel_t getPanelByNdx(unsigned ndx) const;
+    Krolle::Trans_t getTransByNdx(unsigned ndx) const;
+    /// A cached object by tree search, otherwise by a walk that fills the cache.
+    Krolle::Shot_t getShotByID(SC_Id const& id) const;
+    Krolle::Panel_t getPanelByID(SC_Id const& id) const;
+    Krolle::Trans_t getTransByID(SC_Id const& id) const;
+    /// The transition with that id, otherwise the panel.
+    Krolle::PanelTrans_t getPanelTransById(SC_Id const& id) const;
+    /// Whether an id kept across a change still names an object.
+    bool isShotValid(SC_Id const& id) const;
+    bool isPanelValid(SC_Id const& id) const;
+    bool isTransValid(SC_Id const& id) const;
+    /// The first shot with that name in that sequence (any sequence when empty). With
+    /// `upperCase` the shot's names are also compared in upper case with the arguments.
+    Krolle::Shot_t getShotByName(QString const& name, QString const& sequenceName, bool upperCase) const;
+    /// The last frame of the last shot; 0 without shots.
+    unsigned getNumOfFrames() const;
+    /// The first and last shot of the first run with that sequence name.
+    Krolle::Shot_t firstInSequence(QString const& name, bool upperCase) const;
+    Krolle::Shot_t lastInSequence(QString const& name, bool upperCase) const;
+    /// Ids of the panels from `a` to `b` in order, both ends with `inclusive`, neither
+    /// without. `a` must not lie after `b`.
+    std::vector<SC_Id> panelsIdBetween(
+        Krolle::Panel_t const& a, Krolle::Panel_t const& b, bool inclusive) const;
+    std::vector<SC_Id> panelsIdIn(Krolle::Shot_t const& shot) const;
+    /// Ids of all shots with that sequence name, in every run of it.
+    std::vector<SC_Id> shotsIdInSequence(QString const& name) const;
+    /// Runs of neighbouring shots with equal act (sequence) names; kept like the totals.
+    unsigned actCount() const;
+    unsigned sequenceCount() const;
+    bool sequenceNameExists(QString const& name) const;
+    /// The index of the act: the first shot (panel) of an act answers with the index of
+    /// the act before it. By name: 0 when any shot has that act name.
+    unsigned getActNdx(Krolle::Shot_t const& shot) const;
+    unsigned getActNdx(Krolle::Panel_t const& panel) const;
+    unsigned getActNdx(QString const& name) const;
+    /// The index of the sequence run of the shot or panel, or of the first run with that
+    /// name.
+    unsigned getSequenceNdx(Krolle::Shot_t const& shot) const;
+    unsigned getSequenceNdx(Krolle::Panel_t const& panel) const;
+    unsigned getSequenceNdx(QString const& name) const;
+    unsigned getShotNdx(Krolle::Shot_t const& shot) const;
+    /// The index of the first shot with that name.
+    unsigned getShotNdx(QString const& name) const;
+    /// The place among all panels, or with `inShot` among the panels of its shot.
+    unsigned getPanelNdx(Krolle::Panel_t const& panel, bool inShot) const;
+    /// Engine objects back to handles, through tables filled on first use and dropped
+    /// with the caches (also kept while the cache is disabled).
+    Krolle::Shot_t sceneCommonToShot(SC_SceneCommon const* sceneCommon) const;
+    Krolle::Panel_t sceneCommonToPanel(SC_SceneCommon const* sceneCommon) const;
+    Krolle::Shot_t tvToShot(TUTimedValue const* tv) const;
+    Krolle::Panel_t tvToPanel(TUTimedValue const* tv) const;
+    Krolle::Panel_t nodeToPanel(MO_Node const* node) const;
+    /// Whether every id names a panel of the first id's shot. The list must not be empty.
+    bool areAllPanelsOfSameScene(std::vector<SC_Id>& panelIds) const;
+    /// Whether the run of panels from `first` to `last` has a neighbour, before `first`
+    /// or after `last`, in the shot of that end.
+    bool neighborIsOfSameScene(SC_Id first, SC_Id last) const;
+    /// A mixed iterator on the transition or panel with that id.
+    Krolle::objTransIterator<Krolle::Panel_t> panelTransById(SC_Id const& id) const;
+
+protected:
+    /// Walks all panels, then all transitions, filling the caches on the way.
+    void buildAll() const;
 
 protected slots:
     void onSceneChanged();
