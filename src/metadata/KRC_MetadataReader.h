@@ -53,6 +53,12 @@ protected:
     /// The record being filled, null once let go.
     PIO_Metadata* record() const;
     template <class Record> Record* recordAs() const { return static_cast<Record*>(record()); }
+    /// The record when `elementName` is its own element (named like its class's
+    /// keyword) and it is not let go yet; null otherwise.
+    template <class Record> Record* recordForElement(QString const& elementName) const
+    {
+        return elementName == Record::kPIO_KRMETA_Keyword ? recordAs<Record>() : nullptr;
+    }
     /// Lets go of the record now.
     void releaseRecord();
     /// This reader as the answer of handleStartElement.

@@ -12,8 +12,7 @@ PanelInfoMetadataReader::PanelInfoMetadataReader(KRC_PanelInfo* record)
 UT_SharedPtr<PIO_XML::ComponentReader> PanelInfoMetadataReader::handleStartElement(
     PIO_ReadingContext&, QString const& elementName, QXmlAttributes const& attributes)
 {
-    KRC_PanelInfo* info = recordAs<KRC_PanelInfo>();
-    if (info && elementName == KRC_PanelInfo::kPIO_KRMETA_Keyword) {
+    if (KRC_PanelInfo* info = recordForElement<KRC_PanelInfo>(elementName)) {
         const KRC_ObjectName name = readName(attributes, kName);
         const int exportFlag = uncheckedInt(attributes, kExportFlag);
         info->name() = name;

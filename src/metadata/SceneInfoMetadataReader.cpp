@@ -15,8 +15,7 @@ SceneInfoMetadataReader::SceneInfoMetadataReader(KRC_SceneInfo* record)
 UT_SharedPtr<PIO_XML::ComponentReader> SceneInfoMetadataReader::handleStartElement(
     PIO_ReadingContext&, QString const& elementName, QXmlAttributes const& attributes)
 {
-    KRC_SceneInfo* info = recordAs<KRC_SceneInfo>();
-    if (info && elementName == KRC_SceneInfo::kPIO_KRMETA_Keyword) {
+    if (KRC_SceneInfo* info = recordForElement<KRC_SceneInfo>(elementName)) {
         const KRC_ObjectName name = readName(attributes, kName);
         const KRC_ObjectName sequenceName = readName(attributes, kSequenceName);
         const KRC_ObjectName actName = readName(attributes, kActName);
