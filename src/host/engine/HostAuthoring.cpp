@@ -345,6 +345,47 @@ bool checkLengths(std::vector<unsigned> const& lengths, QString* error)
     return true;
 }
 
+// The project's timeline and the position of a shot in it; false, with the reason,
+// for a project without top scene or an unknown shot.
+bool locateShot(SC_Project const* project, SC_Id const& shot, Timeline& tl, unsigned& k, QString* error)
+{
+    if (!checkProject(project, error))
+        return false;
+    tl = scan(project);
+    int const found = findShot(tl, shot);
+    if (found < 0)
+        return fail(error, noSuch("shot", shot));
+    k = unsigned(found);
+    return true;
+}
+
+// The same for a transition, by junction.
+bool locateTransition(
+    SC_Project const* project, SC_Id const& transition, Timeline& tl, unsigned& j, QString* error)
+{
+    if (!checkProject(project, error))
+        return false;
+    tl = scan(project);
+    int const found = findTransition(tl, transition);
+    if (found < 0)
+        return fail(error, noSuch("transition", transition));
+    j = unsigned(found);
+    return true;
+}
+
+// Takes a shot's block out with the transitions at both its ends; the shots after it
+// move up.
+std::unique_ptr<AT_FrameBlock> detachShot(SC_Project* project, unsigned k)
+{
+    for (unsigned j : { k + 1, k }) {
+        Timeline const tl = scan(project);
+        if (tl.junctions[j] >= 0)
+            detachTransition(tl, j);
+    }
+    Timeline const tl = scan(project);
+    return cutBlock(tl.tv, tl.shots[k]);
+}
+
 } // namespace
 
 namespace HostAuthoring {
@@ -433,18 +474,11 @@ SC_Id insertShot(
 
 bool removeShot(SC_Project* project, SC_Id const& shot, QString* error)
 {
-    if (!checkProject(project, error))
+    Timeline tl;
+    unsigned k = 0;
+    if (!locateShot(project, shot, tl, k, error))
         return false;
-    int const k = findShot(scan(project), shot);
-    if (k < 0)
-        return fail(error, noSuch("shot", shot));
-    for (unsigned j : { unsigned(k) + 1, unsigned(k) }) {
-        Timeline const tl = scan(project);
-        if (tl.junctions[j] >= 0)
-            detachTransition(tl, j);
-    }
-    Timeline const tl = scan(project);
-    cutBlock(tl.tv, tl.shots[unsigned(k)]);
+    detachShot(project, k);
     if (TUScene* symbol = sceneOf(project, shot))
         removeSymbolScenes(project, symbol);
     managerOf(project)->postSceneChanged();
@@ -453,28 +487,19 @@ bool removeShot(SC_Project* project, SC_Id const& shot, QString* error)
 
 bool moveShot(SC_Project* project, SC_Id const& shot, unsigned newIndex, QString* error)
 {
-    if (!checkProject(project, error))
+    Timeline before;
+    unsigned k = 0;
+    if (!locateShot(project, shot, before, k, error))
         return false;
-    Timeline const before = scan(project);
-    int const k = findShot(before, shot);
-    if (k < 0)
-        return fail(error, noSuch("shot", shot));
     if (newIndex >= before.count())
         return fail(error,
             QStringLiteral("shot position %1 is past the end (%2 shots)").arg(newIndex).arg(before.count()));
     // The junction of arrival, numbered before the move; the shot's own two go away.
-    unsigned const arrival = newIndex < unsigned(k) ? newIndex : newIndex + 1;
-    if (newIndex != unsigned(k) && before.junctions[arrival] >= 0)
+    unsigned const arrival = newIndex < k ? newIndex : newIndex + 1;
+    if (newIndex != k && before.junctions[arrival] >= 0)
         return fail(error, QStringLiteral("junction %1 holds a transition").arg(newIndex));
-
-    for (unsigned j : { unsigned(k) + 1, unsigned(k) }) {
-        Timeline const tl = scan(project);
-        if (tl.junctions[j] >= 0)
-            detachTransition(tl, j);
-    }
-    Timeline tl = scan(project);
-    std::unique_ptr<AT_FrameBlock> block = cutBlock(tl.tv, tl.shots[unsigned(k)]);
-    tl = scan(project);
+    std::unique_ptr<AT_FrameBlock> block = detachShot(project, k);
+    Timeline const tl = scan(project);
     unsigned const pos = newIndex < tl.count() ? tl.shots[newIndex] : tl.tv->getBlockCount();
     pasteBlock(tl.tv, pos, std::move(block), firstFrameAt(tl.tv, pos));
     managerOf(project)->postSceneChanged();
@@ -483,15 +508,13 @@ bool moveShot(SC_Project* project, SC_Id const& shot, unsigned newIndex, QString
 
 bool resizeShot(SC_Project* project, SC_Id const& shot, unsigned newLength, QString* error)
 {
-    if (!checkProject(project, error))
+    Timeline tl;
+    unsigned k = 0;
+    if (!locateShot(project, shot, tl, k, error))
         return false;
-    Timeline const tl = scan(project);
-    int const k = findShot(tl, shot);
-    if (k < 0)
-        return fail(error, noSuch("shot", shot));
-    AT_FrameBlock const* block = tl.shot(unsigned(k));
+    AT_FrameBlock const* block = tl.shot(k);
     qint64 const delta = qint64(newLength) - qint64(block->length());
-    if (!shotLengthFits(tl, unsigned(k), newLength))
+    if (!shotLengthFits(tl, k, newLength))
         return fail(error,
             QStringLiteral("shot %1 needs more than %2 frames for its transitions").arg(k).arg(newLength));
     if (delta == 0)
@@ -506,23 +529,21 @@ bool resizeShot(SC_Project* project, SC_Id const& shot, unsigned newLength, QStr
             return fail(error, QStringLiteral("the last panel of shot %1 would have no frame left").arg(k));
         resizePanelBlock(seq, last, quint32(qint64(panel->length()) + delta));
     }
-    reshapeShot(tl, unsigned(k), delta, follows);
+    reshapeShot(tl, k, delta, follows);
     managerOf(project)->postSceneChanged();
     return true;
 }
 
 bool setTimeWarp(SC_Project* project, SC_Id const& shot, double start, double end, QString* error)
 {
-    if (!checkProject(project, error))
+    Timeline tl;
+    unsigned k = 0;
+    if (!locateShot(project, shot, tl, k, error))
         return false;
-    Timeline const tl = scan(project);
-    int const k = findShot(tl, shot);
-    if (k < 0)
-        return fail(error, noSuch("shot", shot));
     if (!std::isfinite(start) || !std::isfinite(end) || start < 1.0 || end < start)
         return fail(
             error, QStringLiteral("a time warp needs 1 <= start <= end (got %1 to %2)").arg(start).arg(end));
-    unsigned const pos = tl.shots[unsigned(k)];
+    unsigned const pos = tl.shots[k];
     auto* warp = AT_TimeWarpSeq::toTimeWarp(tl.tv->editBlock(pos)->seq());
     if (!warp)
         return fail(error, QStringLiteral("shot %1 has no time warp").arg(k));
@@ -660,49 +681,43 @@ SC_Id insertTransition(SC_Project* project, unsigned junction, unsigned length, 
 
 bool removeTransition(SC_Project* project, SC_Id const& transition, QString* error)
 {
-    if (!checkProject(project, error))
+    Timeline tl;
+    unsigned j = 0;
+    if (!locateTransition(project, transition, tl, j, error))
         return false;
-    Timeline const tl = scan(project);
-    int const j = findTransition(tl, transition);
-    if (j < 0)
-        return fail(error, noSuch("transition", transition));
-    detachTransition(tl, unsigned(j));
+    detachTransition(tl, j);
     managerOf(project)->postSceneChanged();
     return true;
 }
 
 bool resizeTransition(SC_Project* project, SC_Id const& transition, unsigned newLength, QString* error)
 {
-    if (!checkProject(project, error))
+    Timeline tl;
+    unsigned j = 0;
+    if (!locateTransition(project, transition, tl, j, error))
         return false;
-    Timeline const tl = scan(project);
-    int const j = findTransition(tl, transition);
-    if (j < 0)
-        return fail(error, noSuch("transition", transition));
-    if (!checkTransitionLength(tl, unsigned(j), newLength, j, error))
+    if (!checkTransitionLength(tl, j, newLength, j, error))
         return false;
-    if (newLength == tl.transition(unsigned(j))->length())
+    if (newLength == tl.transition(j)->length())
         return true;
-    std::unique_ptr<AT_FrameBlock> block = detachTransition(tl, unsigned(j));
-    attachTransition(scan(project), unsigned(j), std::move(block), newLength);
+    std::unique_ptr<AT_FrameBlock> block = detachTransition(tl, j);
+    attachTransition(scan(project), j, std::move(block), newLength);
     managerOf(project)->postSceneChanged();
     return true;
 }
 
 bool moveTransition(SC_Project* project, SC_Id const& transition, unsigned junction, QString* error)
 {
-    if (!checkProject(project, error))
+    Timeline tl;
+    unsigned j = 0;
+    if (!locateTransition(project, transition, tl, j, error))
         return false;
-    Timeline const tl = scan(project);
-    int const j = findTransition(tl, transition);
-    if (j < 0)
-        return fail(error, noSuch("transition", transition));
-    if (junction == unsigned(j))
+    if (junction == j)
         return true;
-    quint32 const length = tl.transition(unsigned(j))->length();
+    quint32 const length = tl.transition(j)->length();
     if (!checkFreeJunction(tl, junction, j, error) || !checkTransitionLength(tl, junction, length, j, error))
         return false;
-    std::unique_ptr<AT_FrameBlock> block = detachTransition(tl, unsigned(j));
+    std::unique_ptr<AT_FrameBlock> block = detachTransition(tl, j);
     attachTransition(scan(project), junction, std::move(block), length);
     managerOf(project)->postSceneChanged();
     return true;
@@ -711,13 +726,11 @@ bool moveTransition(SC_Project* project, SC_Id const& transition, unsigned junct
 bool setTransitionStyle(
     SC_Project* project, SC_Id const& transition, int type, int angle, bool reverse, QString* error)
 {
-    if (!checkProject(project, error))
+    Timeline tl;
+    unsigned j = 0;
+    if (!locateTransition(project, transition, tl, j, error))
         return false;
-    Timeline const tl = scan(project);
-    int const j = findTransition(tl, transition);
-    if (j < 0)
-        return fail(error, noSuch("transition", transition));
-    auto* seq = AT_TransitionSeq::toTransition(tl.tv->editBlock(unsigned(tl.junctions[unsigned(j)]))->seq());
+    auto* seq = AT_TransitionSeq::toTransition(tl.tv->editBlock(unsigned(tl.junctions[j]))->seq());
     seq->type = type;
     seq->angle = angle;
     seq->reverse = reverse;
