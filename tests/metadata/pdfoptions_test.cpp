@@ -1,0 +1,190 @@
+// KRC_PdfOptions: the option set, its blobs through the persistence driver (current,
+// legacy and damaged), clone, and the records of a project across its project file.
+#include "host/engine/HostProjectFile.h"
+#include "metadata/KRC_PdfOptions.h"
+#include "metadata/KRC_ReferenceToolData.h"
+#include "metadata_test_support.h"
+#include "properties/KRC_PropertiedObject.h"
+#include "properties/KRC_PropertyFromList.h"
+#include "support/ProjectBoard.h"
+#include "support/PropertyBlobs.h"
+#include "support/QtWarningCapture.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList summaries(KRC_PdfOptions const& record)
+{
+    std::list<KRC_Property*> properties;
+    record.pdfOptions().getAllProperties(properties);
+    QStringList result;
+    for (KRC_Property const* property : properties)
+        result << PropertyBlobs::summary(*property);
+    return result;
+}
+
+// Every kind with a definition, and bounds or choices where the kind has them.
+void fill(KRC_PropertiedObject& options)
+{
+    options.addProperty("panel_export_enabled", false, "Export", "Exp", false, false);
+    options.addPropertyFromList(
+        "layout", QString("b"), QVariantList { "A", "a", "B", "b" }, true, false, "L", "S", true, true);
+    options.addPropertyFromRange("margin", 2.5, 0.0, 10.0, "M", "m", false, true);
+    options.addPropertyFromFile("logo", QString("/tmp/logo.png"), "*.png", "F", "f", false, false);
+    options.addPropertyFromFont("font", QString("Sans,12"), "T", "t", false, false);
+}
+
+// An entry document whose one option holds the given blob.
+QByteArray optionDocument(int type, QByteArray const& blob, QString const& extra = QString())
+{
+    return metatest::entryDocument("pdfOptions", "",
+        QStringLiteral(
+            "<pdfOptions><option name=\"o\" type=\"%1\"><value data=\"%2\"/>%3</option></pdfOptions>")
+            .arg(type)
+            .arg(QString::fromLatin1(blob.toBase64()), extra));
+}
+
+KRC_PdfOptions* readOptions(QByteArray const& document, std::unique_ptr<PIO_Metadatas>& holder)
+{
+    QtWarningCapture quiet;
+    holder = metatest::readDocument(document);
+    return metatest::first<KRC_PdfOptions>(holder.get());
+}
+
+TEST(PdfOptions, OptionSetOperations)
+{
+    KRC_PdfOptions record;
+    EXPECT_TRUE(record.exportEnabled());
+    EXPECT_TRUE(record.isValid());
+    const KRC_Property disabled("panel_export_enabled", false, nullptr);
+    const KRC_Property other("other", 1, nullptr);
+    record.addPdfOptions(&disabled);
+    record.addPdfOptions(&other);
+    record.addPdfOptions(nullptr);
+    EXPECT_FALSE(record.exportEnabled());
+    EXPECT_NE(record.pdfOptions().getProperty("other"), &other); // a clone; the caller keeps its own
+    record.addPdfOptions(&disabled); // replaced: moves to the end
+    EXPECT_EQ(PropertyBlobs::summary(*record.pdfOptions().getProperty("panel_export_enabled")),
+        PropertyBlobs::summary(disabled));
+    std::list<QString> names;
+    record.pdfOptions().getAllProperties(names);
+    EXPECT_EQ(names, (std::list<QString> { "other", "panel_export_enabled" }));
+    record.removePdfOption("panel_export_enabled");
+    EXPECT_TRUE(record.exportEnabled());
+    record.removeAll();
+    EXPECT_EQ(record.pdfOptions().propertiesCount(), 0u);
+    QString dump;
+    record.dumpToString(dump);
+    EXPECT_TRUE(dump.isEmpty());
+}
+
+TEST(PdfOptions, EveryKindSurvivesTheXmlWithDefinitionAndConstraints)
+{
+    KRC_PdfOptions record;
+    fill(record.pdfOptions());
+    record.pdfOptions().addPropertyFromCaptionList("captions", QString("a;b")); // written, not read back
+    QByteArray written;
+    const auto metas = metatest::roundTrip(record, &written);
+    const auto* reloaded = metatest::first<KRC_PdfOptions>(metas.get());
+    ASSERT_TRUE(reloaded);
+    record.removePdfOption("captions");
+    EXPECT_EQ(summaries(*reloaded), summaries(record));
+    EXPECT_TRUE(written.contains("<option name=\"captions\" type=\"5\">")) << written.constData();
+    EXPECT_EQ(written.count("<value data=\"sLAAAAAAAdk"), 6); // every blob starts with the mark
+}
+
+TEST(PdfOptions, LegacyBlobsAndRefusedMarkedBlobsAreReadFromByteZeroInVersion6)
+{
+    const KRC_Property legacy("o", QString("old"), nullptr);
+    std::unique_ptr<PIO_Metadatas> holder;
+    KRC_PdfOptions* record = readOptions(optionDocument(0, PropertyBlobs::store(legacy, 6)), holder);
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->pdfOptions().getPropertyString("o", ""), QString("old"));
+
+    // A list whose value has another type than its choices: the marked read fails
+    // validation, the version 6 read can't decode the mark, and the option is dropped.
+    const QByteArray refused = PropertyBlobs::raw(12, [](QDataStream& out) {
+        out << quint32(0xb0b00000) << qint32(473);
+        KRC_Property("o", 5, nullptr).store(out);
+        out << QVariant(QVariantMap { { "a", QString("x") } }) << qint32(0) << qint32(0);
+    });
+    record = readOptions(optionDocument(1, refused), holder);
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u);
+}
+
+TEST(PdfOptions, DamagedOrUnknownOptionsAreDroppedAndTheOthersKept)
+{
+    const QByteArray good = PropertyBlobs::store(KRC_Property("o", 7, nullptr), 12, true);
+    std::unique_ptr<PIO_Metadatas> holder;
+    for (int cut = 0; cut < good.size(); ++cut) {
+        KRC_PdfOptions* record = readOptions(optionDocument(0, good.left(cut)), holder);
+        ASSERT_TRUE(record) << cut;
+        EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u) << cut;
+    }
+    const QByteArray mixed = metatest::entryDocument("pdfOptions", "",
+        QStringLiteral("<pdfOptions>"
+                       "<option name=\"a\" type=\"5\"><value data=\"%1\"/></option>"
+                       "<option name=\"b\" type=\"0\"><value data=\"not base64!\"/></option>"
+                       "<option name=\"c\" type=\"0\"/><value data=\"%1\"/>"
+                       "<option name=\"d\" type=\"x\"><value data=\"%1\"/><value data=\"%2\"/></option>"
+                       "</pdfOptions>")
+            .arg(QString::fromLatin1(good.toBase64()),
+                QString::fromLatin1(
+                    PropertyBlobs::store(KRC_Property("o", 9, nullptr), 12, true).toBase64())));
+    KRC_PdfOptions* record = readOptions(mixed, holder);
+    ASSERT_TRUE(record);
+    // Only "d" (type text x reads as 0) keeps an option: its first value, under the blob's name.
+    EXPECT_EQ(record->pdfOptions().propertiesCount(), 1u);
+    EXPECT_EQ(record->pdfOptions().getPropertyInt("o", 0), 7);
+}
+
+TEST(PdfOptions, ReadingReplacesAndCloneIsFresh)
+{
+    KRC_PdfOptions source("named", "someone", "0.1");
+    fill(source.pdfOptions());
+    source.componentReader()->DecRef(); // a reader is made on an empty record
+    EXPECT_EQ(source.pdfOptions().propertiesCount(), 0u);
+
+    fill(source.pdfOptions());
+    std::unique_ptr<PIO_Metadata> clone(source.clone());
+    auto* copy = dynamic_cast<KRC_PdfOptions*>(clone.get());
+    ASSERT_TRUE(copy);
+    EXPECT_TRUE(copy->metaName().isNull());
+    EXPECT_EQ(copy->version(), KRC_PdfOptions::kPIO_KRMETA_Version);
+    EXPECT_NE(copy->creator(), QString("someone"));
+    EXPECT_EQ(summaries(*copy), summaries(source));
+    copy->pdfOptions().setProperty("margin", 3.0);
+    EXPECT_EQ(source.pdfOptions().getPropertyDouble("margin", 0), 2.5);
+}
+
+TEST(ToolRecords, MadeByTheViewAndThePanelAndKeptAcrossTheProjectFile)
+{
+    ProjectBoard board(QStringLiteral("S[4,4]"));
+    KRC_ReferenceToolData* tool = board->referenceToolData();
+    ASSERT_TRUE(tool);
+    EXPECT_TRUE(board.project()->metadatas()->contains(tool));
+    tool->setPos(Math::Point2d(3, 4));
+    tool->setOptions(3);
+    const Krolle::Panel_t panel = board->getPanelAt(6, KRC_KrolleProject::PreferPrevious);
+    ASSERT_TRUE(panel.pdfOptions());
+    EXPECT_TRUE(panel.symbol()->metadatas()->contains(panel.pdfOptions()));
+    fill(panel.pdfOptions()->pdfOptions());
+
+    KRC_MetadataFactory::createInstance();
+    QString error;
+    const UT_SharedPtr<SC_Project> loaded
+        = HostProjectFile::fromXml(HostProjectFile::toXml(board.project()), &error);
+    ASSERT_TRUE(loaded) << error.toStdString();
+    KRC_KrolleProject view(loaded.get());
+    ASSERT_TRUE(view.referenceToolData());
+    EXPECT_TRUE(view.referenceToolData()->data() == tool->data());
+    EXPECT_EQ(view.referenceToolData()->options(), 3);
+    const Krolle::Panel_t reloaded = view.getPanelAt(6, KRC_KrolleProject::PreferPrevious);
+    ASSERT_TRUE(reloaded.pdfOptions());
+    EXPECT_EQ(summaries(*reloaded.pdfOptions()), summaries(*panel.pdfOptions()));
+    EXPECT_FALSE(reloaded.pdfOptions()->exportEnabled());
+}
+
+} // namespace

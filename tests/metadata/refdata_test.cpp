@@ -1,0 +1,137 @@
+// KRC_ReferenceToolData: defaults, XML through the persistence driver, the reader's
+// shared success flag, clone and dump.
+#include "metadata/KRC_ReferenceToolData.h"
+#include "metadata_test_support.h"
+
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+namespace {
+
+// The document without the indentation between elements.
+QByteArray compact(QByteArray const& document)
+{
+    return QString::fromUtf8(document).replace(QRegularExpression(">\\s+<"), "><").toUtf8();
+}
+
+QByteArray document(QString const& children)
+{
+    return metatest::entryDocument(
+        "referenceToolData", "", QStringLiteral("<referenceToolData>%1</referenceToolData>").arg(children));
+}
+
+KRC_ReferenceToolData sample()
+{
+    KRC_ReferenceToolData data("tool", "someone", "0.9");
+    data.setPos(Math::Point2d(12.25, -3.5));
+    data.setScale(0.1);
+    data.setAngle(45);
+    data.setRgb(QColor(10, 20, 30));
+    data.setAlpha(0.75);
+    data.addOption(KRC_ReferenceToolData::AutoUpdateThumbnails);
+    return data;
+}
+
+TEST(ReferenceToolData, NewRecordStartsFromTheDefaults)
+{
+    KRC_ReferenceToolData data;
+    EXPECT_EQ(data.pos(), Math::Point2d(0, 0));
+    EXPECT_EQ(data.scale(), 1.0);
+    EXPECT_EQ(data.angle(), 0.0);
+    EXPECT_EQ(data.alpha(), 1.0);
+    EXPECT_EQ(data.rgb(), QColor(255, 30, 255));
+    EXPECT_EQ(data.options(), 0);
+    EXPECT_FALSE(data.showOnThumbnails());
+    EXPECT_FALSE(data.autoUpdateThumbnails());
+    EXPECT_TRUE(data.isValid());
+    EXPECT_TRUE(data.data() == KRC_ReferenceToolData::Data_t());
+
+    data.addOption(KRC_ReferenceToolData::ShowOnThumbnails);
+    data.addOption(KRC_ReferenceToolData::AutoUpdateThumbnails);
+    EXPECT_EQ(data.options(), 3);
+    EXPECT_TRUE(data.showOnThumbnails() && data.autoUpdateThumbnails());
+    KRC_ReferenceToolData::Data_t moved;
+    moved.alpha = 0.5;
+    EXPECT_TRUE(moved != KRC_ReferenceToolData::Data_t());
+}
+
+TEST(ReferenceToolData, XmlRoundTripKeepsEveryFieldInFormatOrder)
+{
+    QByteArray written;
+    const auto metas = metatest::roundTrip(sample(), &written);
+    written = compact(written);
+    const auto* reloaded = metatest::first<KRC_ReferenceToolData>(metas.get());
+    ASSERT_TRUE(reloaded);
+    EXPECT_TRUE(reloaded->data() == sample().data());
+    EXPECT_EQ(reloaded->options(), 2);
+    EXPECT_EQ(reloaded->creator(), QString("someone"));
+    EXPECT_TRUE(
+        written.contains("<referenceToolData><position x=\"12.25\" y=\"-3.5\" angle=\"45\" scale=\"0.1\"/>"
+                         "<color r=\"10\" g=\"20\" b=\"30\" a=\"0.75\"/><options value=\"2\"/>"
+                         "</referenceToolData>"))
+        << written.constData();
+}
+
+struct ReaderCase
+{
+    QString children;
+    Math::Point2d pos;
+    double scale;
+    QColor rgb;
+    double alpha;
+    int options;
+};
+
+class ReferenceToolDataReader : public ::testing::TestWithParam<ReaderCase>
+{
+};
+
+TEST_P(ReferenceToolDataReader, TheLastAttributeDecidesForItsElement)
+{
+    const ReaderCase& c = GetParam();
+    const auto metas = metatest::readDocument(document(c.children));
+    const auto* data = metatest::first<KRC_ReferenceToolData>(metas.get());
+    ASSERT_TRUE(data);
+    EXPECT_EQ(data->pos(), c.pos);
+    EXPECT_EQ(data->scale(), c.scale);
+    EXPECT_EQ(data->rgb(), c.rgb);
+    EXPECT_EQ(data->rgb().alpha(), 255);
+    EXPECT_EQ(data->alpha(), c.alpha);
+    EXPECT_EQ(data->options(), c.options);
+}
+
+const QColor kDefault(255, 30, 255);
+
+INSTANTIATE_TEST_SUITE_P(SharedFlag, ReferenceToolDataReader,
+    ::testing::Values(
+        ReaderCase { "<position x=\"abc\" y=\"2\" angle=\"0\" scale=\"3\"/>", { 0, 2 }, 3, kDefault, 1, 0 },
+        ReaderCase { "<position x=\"1\" y=\"2\" angle=\"0\" scale=\"bad\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
+        ReaderCase { "<position x=\"1\" y=\"2\" angle=\"0\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
+        ReaderCase { "<color r=\"x\" g=\"2\" b=\"3\" a=\"0.5\"/>", { 0, 0 }, 1, QColor(0, 2, 3), 0.5, 0 },
+        ReaderCase { "<color r=\"1\" g=\"2\" b=\"3\" a=\"\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
+        ReaderCase { "<options value=\"5\"/><options value=\"z\"/><other value=\"7\"/>", { 0, 0 }, 1,
+            kDefault, 1, 5 }));
+
+TEST(ReferenceToolData, CloneTakesIdentityAndContentAndDumpListsThem)
+{
+    const KRC_ReferenceToolData source = sample();
+    std::unique_ptr<PIO_Metadata> clone(source.clone());
+    auto* copy = dynamic_cast<KRC_ReferenceToolData*>(clone.get());
+    ASSERT_TRUE(copy);
+    EXPECT_EQ(copy->metaName(), QString("tool"));
+    EXPECT_EQ(copy->creator(), QString("someone"));
+    EXPECT_EQ(copy->version(), QString("0.9"));
+    EXPECT_TRUE(copy->data() == source.data());
+    EXPECT_EQ(copy->options(), source.options());
+
+    QString base;
+    source.PIO_Metadata::dumpToString(base);
+    QString dump;
+    source.dumpToString(dump);
+    EXPECT_EQ(dump,
+        base
+            + "Position x=12.25, y=-3.5\nScale=0.1, angle=45\nColor(r,g,b,a) = 10, 20, 30, 0.75\n"
+              "Show on thumbnails = false\nAuto update thumbnails = true\n");
+}
+
+} // namespace
