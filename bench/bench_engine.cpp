@@ -66,26 +66,26 @@ private:
     }
 };
 
-void BM_GetBlock(benchmark::State& state)
+// Times one lookup of the top sequence at frames spread over the timeline.
+template <class Lookup> void lookupAtFrames(benchmark::State& state, Lookup lookup)
 {
     BlockTimeline const& timeline = BlockTimeline::ofBlocks(unsigned(state.range(0)));
     TUSeqTimedValue const* tv = timeline.project->topScene()->sequence();
     size_t i = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(tv->getBlock(timeline.frames[i++ & 4095]));
+        benchmark::DoNotOptimize(lookup(tv, timeline.frames[i++ & 4095]));
     }
     state.SetItemsProcessed(state.iterations());
 }
 
+void BM_GetBlock(benchmark::State& state)
+{
+    lookupAtFrames(state, [](TUSeqTimedValue const* tv, double frame) { return tv->getBlock(frame); });
+}
+
 void BM_GetBlockCountAtFrame(benchmark::State& state)
 {
-    BlockTimeline const& timeline = BlockTimeline::ofBlocks(unsigned(state.range(0)));
-    TUSeqTimedValue const* tv = timeline.project->topScene()->sequence();
-    size_t i = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(tv->getBlockCount(timeline.frames[i++ & 4095]));
-    }
-    state.SetItemsProcessed(state.iterations());
+    lookupAtFrames(state, [](TUSeqTimedValue const* tv, double frame) { return tv->getBlockCount(frame); });
 }
 
 void BM_GetBlockCount(benchmark::State& state)
