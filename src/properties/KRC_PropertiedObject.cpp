@@ -240,16 +240,18 @@ KRC_Property* KRC_PropertiedObject::addPropertyFromCaptionList(
     return addProperty(new KRC_PropertyFromCaptionList(name, value, definition));
 }
 
+// The overloads with descriptions hand a fresh definition to the overloads above, which
+// share it with the new property before the temporary pointer lets go.
 KRC_Property* KRC_PropertiedObject::addProperty(QString const& name, QVariant const& value,
     QString const& ldesc, QString const& sdesc, bool readOnly, bool internal)
 {
-    return addProperty(new KRC_Property(name, value, describe(ldesc, sdesc, readOnly, internal)));
+    return addProperty(name, value, describe(ldesc, sdesc, readOnly, internal).get());
 }
 
 KRC_Property* KRC_PropertiedObject::addProperty(QString const& name, KRC_Property const& source,
     QString const& ldesc, QString const& sdesc, bool readOnly, bool internal)
 {
-    return addProperty(new KRC_Property(name, source, describe(ldesc, sdesc, readOnly, internal)));
+    return addProperty(name, source, describe(ldesc, sdesc, readOnly, internal).get());
 }
 
 KRC_Property* KRC_PropertiedObject::addPropertyFromList(QString const& name, QVariant const& value,
@@ -264,28 +266,25 @@ KRC_Property* KRC_PropertiedObject::addPropertyFromRange(QString const& name, QV
     QVariant const& min, QVariant const& max, QString const& ldesc, QString const& sdesc, bool readOnly,
     bool internal)
 {
-    return addProperty(
-        new KRC_PropertyFromRange(name, value, min, max, describe(ldesc, sdesc, readOnly, internal)));
+    return addPropertyFromRange(name, value, min, max, describe(ldesc, sdesc, readOnly, internal).get());
 }
 
 KRC_Property* KRC_PropertiedObject::addPropertyFromFile(QString const& name, QVariant const& value,
     QString const& filter, QString const& ldesc, QString const& sdesc, bool readOnly, bool internal)
 {
-    return addProperty(
-        new KRC_PropertyFromFile(name, value, filter, describe(ldesc, sdesc, readOnly, internal)));
+    return addPropertyFromFile(name, value, filter, describe(ldesc, sdesc, readOnly, internal).get());
 }
 
 KRC_Property* KRC_PropertiedObject::addPropertyFromFont(QString const& name, QVariant const& value,
     QString const& ldesc, QString const& sdesc, bool readOnly, bool internal)
 {
-    return addProperty(new KRC_PropertyFromFont(name, value, describe(ldesc, sdesc, readOnly, internal)));
+    return addPropertyFromFont(name, value, describe(ldesc, sdesc, readOnly, internal).get());
 }
 
 KRC_Property* KRC_PropertiedObject::addPropertyFromCaptionList(QString const& name, QVariant const& value,
     QString const& ldesc, QString const& sdesc, bool readOnly, bool internal)
 {
-    return addProperty(
-        new KRC_PropertyFromCaptionList(name, value, describe(ldesc, sdesc, readOnly, internal)));
+    return addPropertyFromCaptionList(name, value, describe(ldesc, sdesc, readOnly, internal).get());
 }
 
 KRC_Property* KRC_PropertiedObject::addPropertyInternal(
