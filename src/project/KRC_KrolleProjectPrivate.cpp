@@ -12,6 +12,7 @@ void KRC_KrolleProjectPrivate::clearCaches()
     for (auto& shotPanels : panelCachesByShot)
         shotPanels.second.clear();
     panelCachesByShot.clear();
+    lastShotCache = nullptr;
     panelCache.clear();
     transCache.clear();
     sceneCommonToPanelId.clear();
@@ -37,9 +38,12 @@ template <class T> void alignCache(Krolle::ObjectCache<T>& cache, bool on)
 
 Krolle::ObjectCache<Krolle::Panel_t>& KRC_KrolleProjectPrivate::panelCacheOf(SC_Id const& shot)
 {
-    Krolle::ObjectCache<Krolle::Panel_t>& cache = panelCachesByShot[shot];
-    alignCache(cache, cacheEnabled);
-    return cache;
+    if (!lastShotCache || lastShotId != shot) {
+        lastShotCache = &panelCachesByShot[shot];
+        lastShotId = shot;
+    }
+    alignCache(*lastShotCache, cacheEnabled);
+    return *lastShotCache;
 }
 
 void KRC_KrolleProjectPrivate::setCachesEnabled(bool on)

@@ -46,6 +46,9 @@ public:
     Krolle::ObjectCache<Krolle::Trans_t> transCache;
     Krolle::ObjectCache<Krolle::Panel_t> panelCache; // read by id only
     std::map<SC_Id, Krolle::ObjectCache<Krolle::Panel_t>> panelCachesByShot;
+    // The per-shot cache of the last panelCacheOf(): lookups run shot by shot.
+    SC_Id lastShotId;
+    Krolle::ObjectCache<Krolle::Panel_t>* lastShotCache = nullptr;
     std::map<SC_SceneCommon const*, SC_Id> sceneCommonToPanelId;
     std::map<SC_SceneCommon const*, SC_Id> sceneCommonToShotId;
     bool cacheEnabled = true;

@@ -67,14 +67,36 @@ INSTANTIATE_TEST_SUITE_P(Caches, ObjectCacheFrames,
         return name;
     });
 
+TEST(ObjectCache, TheLastLookupsPlaceChangesNoAnswer)
+{
+    Interval const entries[] = { { 1, 10 }, { 8, 5 }, { 13, 1 }, { 14, 6 }, { 14, 2 }, { 25, 3 } };
+    std::vector<std::unique_ptr<AT_FrameBlock>> blocks;
+    ObjectCache<Trans_t> cache;
+    quint64 id = 0;
+    for (Interval const& e : entries) {
+        blocks.push_back(std::make_unique<AT_FrameBlock>(
+            e.first, e.first + e.length - 1, std::make_unique<AT_TransitionSeq>(SC_Id(++id), 0)));
+        cache.insert(e.first, e.length, Trans_t(blocks.back().get()));
+    }
+    // Forward, backward and jumping orders, each compared with a cache that has no
+    // previous lookup (a copy starts without one).
+    unsigned const frames[]
+        = { 0, 1, 2, 8, 9, 12, 13, 14, 15, 16, 20, 24, 25, 27, 28, 27, 14, 13, 9, 3, 26, 8, 0 };
+    for (unsigned frame : frames) {
+        for (bool front : { true, false }) {
+            ObjectCache<Trans_t> const fresh(cache);
+            EXPECT_EQ(fresh.findByFrame(frame, front), cache.findByFrame(frame, front)) << frame;
+        }
+    }
+}
+
 TEST(ObjectCache, DisabledStoresAndFindsNothing)
 {
     auto const block = std::make_unique<AT_FrameBlock>(1, 5, std::make_unique<AT_TransitionSeq>(SC_Id(3), 0));
     ObjectCache<Trans_t> cache;
     cache.enabled = false;
     cache.insert(1, 5, Trans_t(block.get()));
-    EXPECT_TRUE(cache.byFrame.empty());
-    EXPECT_TRUE(cache.byId.empty());
+    EXPECT_TRUE(cache.isEmpty());
     cache.enabled = true;
     cache.insert(1, 5, Trans_t(block.get()));
     cache.enabled = false;

@@ -1,0 +1,53 @@
+// Storyboard projects of a given size for the benchmarks of the project view.
+#pragma once
+
+#include "host/engine/HostStoryboardBuilder.h"
+#include "project/KRC_KrolleProject.h"
+#include "project/KRC_SceneChangeManager.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <memory>
+
+/// A project of `panels` panels, ten 3-frame panels to a shot, with a 2-frame
+/// transition after every fifth shot and a view over it. Built once per size and
+/// kept for the whole run, since building is not what is measured.
+struct BenchBoard
+{
+    KRC_SceneChangeManager manager;
+    HostStoryboard board;
+    std::unique_ptr<KRC_KrolleProject> view;
+
+    unsigned frames() const { return view->topSceneTv()->nFrames(); }
+
+    static BenchBoard& ofPanels(unsigned panels)
+    {
+        static std::map<unsigned, std::unique_ptr<BenchBoard>> boards;
+        std::unique_ptr<BenchBoard>& slot = boards[panels];
+        if (!slot) {
+            slot.reset(new BenchBoard);
+            slot->board = HostStoryboardBuilder::build(description(panels), nullptr, &slot->manager);
+            slot->view.reset(new KRC_KrolleProject(slot->board.project.get()));
+        }
+        return *slot;
+    }
+
+private:
+    static QString description(unsigned panels)
+    {
+        unsigned const perShot = 10;
+        QStringList lengths;
+        for (unsigned i = 0; i < perShot; ++i)
+            lengths << QStringLiteral("3");
+        QString const shot = QStringLiteral("S[") + lengths.join(QLatin1Char(',')) + QLatin1Char(']');
+        QStringList tokens;
+        for (unsigned i = 0; i < panels / perShot; ++i) {
+            if (i > 0 && i % 5 == 0)
+                tokens << QStringLiteral("T2");
+            tokens << shot;
+        }
+        return tokens.join(QLatin1Char(' '));
+    }
+};
