@@ -86,6 +86,135 @@ public:
     /// The transition at a frame if there is one, otherwise the panel (previous side).
     Krolle::PanelTrans_t getPanelTransAt(unsigned frame) const;
 
+    // Records of the project, each found by its name in the project's records and
+    // added there on the first read.
+    PIO_MetadataString* titleMeta() const;
+    PIO_MetadataString* subTitleMeta() const;
+    PIO_MetadataString* episodeMeta() const;
+    PIO_MetadataString* copyrightMeta() const;
+    PIO_MetadataInt* startTimeMeta() const;
+    PIO_MetadataDouble* filmWidthMeta() const;
+    PIO_MetadataBool* sequenceExistsMeta() const;
+    /// The values; empty texts and 0 while a record holds none.
+    QString title() const;
+    QString subTitle() const;
+    QString episode() const;
+    QString copyright() const;
+    int startTime() const;
+    /// The film width in inches. The first read of a project without one fixes the
+    /// preference "KR_CAMERA_FILM_WIDTH" (36 mm without preferences) into the project.
+    double filmWidth() const;
+    /// Whether the storyboard groups its shots in sequences; without it there are none.
+    bool sequenceExists() const;
+
+    /// The act or sequence name stored on the shot at a frame, custom or not; a null
+    /// string where there is no shot.
+    QString getActNameAt(unsigned frame, ResolutionPriority priority) const;
+    QString getSequenceNameAt(unsigned frame, ResolutionPriority priority) const;
+
+    /// Turns the caches on for its lifetime, then puts back the state it found.
+    class CacheActivator
+    {
+    public:
+        explicit CacheActivator(KRC_KrolleProject* project);
+        ~CacheActivator();
+        CacheActivator(CacheActivator const&) = delete;
+        CacheActivator& operator=(CacheActivator const&) = delete;
+
+    private:
+        KRC_KrolleProject* m_project;
+        bool m_wasEnabled;
+    };
+
+    /// Turns the caches off for its lifetime, then puts back the state it found.
+    class CacheDesactivator
+    {
+    public:
+        explicit CacheDesactivator(KRC_KrolleProject* project);
+        ~CacheDesactivator();
+        CacheDesactivator(CacheDesactivator const&) = delete;
+        CacheDesactivator& operator=(CacheDesactivator const&) = delete;
+
+    private:
+        KRC_KrolleProject* m_project;
+        bool m_wasEnabled;
+    };
+
+    /// Holds the view's lock for its lifetime, for a host that shares the view between
+    /// threads. Not recursive: a second LockHelper on the same thread blocks for ever.
+    /// The library itself neither takes nor tests it.
+    class LockHelper
+    {
+    public:
+        explicit LockHelper(KRC_KrolleProject* project);
+        ~LockHelper();
+        LockHelper(LockHelper const&) = delete;
+        LockHelper& operator=(LockHelper const&) = delete;
+
+        /// True exactly while a LockHelper holds the view's lock.
+        static bool isLocked(KRC_KrolleProject* project);
+
+    private:
+        KRC_KrolleProject* m_project;
+    };
+
+    // Navigation. Each step asks the timeline: there is no table of shots. Acts and
+    // sequences are runs of neighbouring shots with equal act (sequence) names; there
+    // are no sequences while sequenceExists() is false. An invalid argument comes back
+    // as it is from next and prev; nothing to go to gives the invalid handle.
+    Krolle::Shot_t next(Krolle::Shot_t const& shot) const;
+    Krolle::Shot_t prev(Krolle::Shot_t const& shot) const;
+    /// The project's first and last shot; the argument only picks the kind.
+    Krolle::Shot_t first(Krolle::Shot_t const& shot) const;
+    Krolle::Shot_t last(Krolle::Shot_t const& shot) const;
+    Krolle::Shot_t firstInAct(Krolle::Shot_t const& shot) const;
+    Krolle::Shot_t lastInAct(Krolle::Shot_t const& shot) const;
+    Krolle::Shot_t firstInSequence(Krolle::Shot_t const& shot) const;
+    Krolle::Shot_t lastInSequence(Krolle::Shot_t const& shot) const;
+    Krolle::Shot_t firstInPrevSequence(Krolle::Shot_t const& shot) const;
+    Krolle::Shot_t firstInNextSequence(Krolle::Shot_t const& shot) const;
+
+    /// Panels step within their shot, then on to the first (last) panel of the next
+    /// (previous) shot.
+    Krolle::Panel_t next(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t prev(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t first(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t last(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t firstInAct(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t lastInAct(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t firstInSequence(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t lastInSequence(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t firstInPrevSequence(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t firstInNextSequence(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t firstInShot(Krolle::Panel_t const& panel) const;
+    Krolle::Panel_t lastInShot(Krolle::Panel_t const& panel) const;
+
+    Krolle::Trans_t next(Krolle::Trans_t const& trans) const;
+    Krolle::Trans_t prev(Krolle::Trans_t const& trans) const;
+    Krolle::Trans_t first(Krolle::Trans_t const& trans) const;
+    Krolle::Trans_t last(Krolle::Trans_t const& trans) const;
+
+    /// Whether a transition joins the end (start) of the panel's shot to the next
+    /// (previous) block, for the shot's last (first) panel only; the transition goes to
+    /// `trans` when given, which is set to the invalid transition first. The shot forms
+    /// ask about the shot's last (first) panel.
+    bool isFollowedByTrans(Krolle::Panel_t const& panel, Krolle::Trans_t* trans = nullptr) const;
+    bool isPrecededByTrans(Krolle::Panel_t const& panel, Krolle::Trans_t* trans = nullptr) const;
+    bool isFollowedByTrans(Krolle::Shot_t const& shot, Krolle::Trans_t* trans = nullptr) const;
+    bool isPrecededByTrans(Krolle::Shot_t const& shot, Krolle::Trans_t* trans = nullptr) const;
+
+    /// Whether the neighbour after (`forward`) or before the object is in the same run.
+    bool hasMoreKRSceneInCurKRSequence(Krolle::Shot_t const& shot, bool forward) const;
+    bool hasMoreKRSceneInCurKRAct(Krolle::Shot_t const& shot, bool forward) const;
+    bool hasMoreKRPanelInCurKRSequence(Krolle::Panel_t const& panel, bool forward) const;
+    bool hasMoreKRPanelInCurKRAct(Krolle::Panel_t const& panel, bool forward) const;
+    /// The length of the object's run, itself included; 0 for sequences while there are
+    /// none.
+    unsigned numOfKRScenesInCurKRSequence(Krolle::Shot_t const& shot) const;
+    unsigned numOfKRScenesInCurKRAct(Krolle::Shot_t const& shot) const;
+    unsigned numOfKRPanelsInCurKRSequence(Krolle::Panel_t const& panel) const;
+    unsigned numOfKRPanelsInCurKRAct(Krolle::Panel_t const& panel) const;
+
     // Iterators
     // Walkers in frame order. An end iterator stands on the invalid handle, except
     // endPanel(shot), which stands on the panel after the shot's last one.
@@ -193,6 +322,10 @@ public:
 protected:
     /// Walks all panels, then all transitions, filling the caches on the way.
     void buildAll() const;
+    /// The first transition from `block` on, itself included, walking back with
+    /// `backwards`; the invalid transition at the end of the list or for a null block.
+    Krolle::Trans_t following_transition(
+        bool backwards, AT_FrameBlock const* block, TUSeqTimedValue* tv) const;
 
 protected slots:
     void onSceneChanged();
@@ -203,6 +336,14 @@ private:
     Krolle::Panel_t makePanel(Krolle::Shot_t const& shot, Krolle::ObjectCache<Krolle::Panel_t>& cache,
         AT_FrameBlock const* block, TUScene* scene) const;
     void reportPanelNotFound(Krolle::Shot_t const& shot, unsigned frame) const;
+    Krolle::Shot_t neighbourShot(Krolle::Shot_t const& shot, bool forward) const;
+    Krolle::Trans_t transOfBlock(AT_FrameBlock const* block) const;
+    Krolle::Panel_t firstPanelOf(Krolle::Shot_t const& shot) const;
+    Krolle::Panel_t lastPanelOf(Krolle::Shot_t const& shot) const;
+    /// The panel beside a transition of the shot's end (`atEnd`) or start, if any.
+    bool isBesideTrans(Krolle::Panel_t const& panel, bool atEnd, Krolle::Trans_t* trans) const;
+    /// A mixed iterator standing on the transition, next to its panel.
+    Krolle::objTransIterator<Krolle::Panel_t> panelTransOn(Krolle::Trans_t const& trans) const;
 
     KRC_KrolleProjectPrivate* d;
 };
