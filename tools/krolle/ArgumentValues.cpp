@@ -50,6 +50,19 @@ unsigned ArgumentValues::positionalNumber(const QString& name, unsigned min, uns
     return parseNumber(name, positional(name), min, max);
 }
 
+QString ArgumentValues::exactlyOne(const QStringList& options) const
+{
+    QStringList given;
+    for (const QString& option : options) {
+        if (isSet(option))
+            given << option;
+    }
+    if (given.size() != 1)
+        throw ToolError::usage(
+            QStringLiteral("give exactly one of %1").arg(options.join(QStringLiteral(", "))));
+    return given.first();
+}
+
 QString ArgumentValues::choice(
     const QString& option, const QStringList& choices, const QString& fallback) const
 {

@@ -35,6 +35,8 @@ public:
     unsigned number(const QString& option, unsigned fallback, unsigned min, unsigned max) const;
     // The positional as a whole number in [min, max]; it must have been given.
     unsigned positionalNumber(const QString& name, unsigned min, unsigned max) const;
+    // Which one of the options was given; exactly one must be.
+    QString exactlyOne(const QStringList& options) const;
     // The option's value, which must be one of the choices; fallback when it is absent.
     QString choice(const QString& option, const QStringList& choices, const QString& fallback) const;
 

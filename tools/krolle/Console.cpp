@@ -1,5 +1,6 @@
 #include "Console.h"
 
+#include <QJsonDocument>
 #include <cstdio>
 #include <unistd.h>
 
@@ -23,6 +24,11 @@ void Console::err(const QString& text)
     std::fflush(stdout);
     write(stderr, text);
     std::fflush(stderr);
+}
+
+void Console::outJson(const QJsonObject& document)
+{
+    out(QString::fromUtf8(QJsonDocument(document).toJson(QJsonDocument::Indented)));
 }
 
 bool Console::stderrIsTerminal()

@@ -1,9 +1,11 @@
 #include "KrolleTool.h"
 
+#include "AtCommand.h"
 #include "Command.h"
 #include "Console.h"
 #include "DemoCommand.h"
 #include "NewCommand.h"
+#include "OutlineCommand.h"
 #include "TextTable.h"
 
 #include <new>
@@ -20,6 +22,8 @@ KrolleTool::KrolleTool()
 {
     m_commands.emplace_back(new DemoCommand);
     m_commands.emplace_back(new NewCommand);
+    m_commands.emplace_back(new OutlineCommand);
+    m_commands.emplace_back(new AtCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

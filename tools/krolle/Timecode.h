@@ -11,4 +11,7 @@ class Timecode
 public:
     static QString ofFrame(unsigned frame, unsigned fps);
     static QString ofLength(unsigned length, unsigned fps);
+
+    // The highest frame rate the tool accepts.
+    static const unsigned kMostFps = 1000;
 };

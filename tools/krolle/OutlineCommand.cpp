@@ -1,0 +1,30 @@
+#include "OutlineCommand.h"
+
+#include "Console.h"
+#include "ProjectDocument.h"
+#include "StoryboardOutline.h"
+#include "Timecode.h"
+
+OutlineCommand::OutlineCommand()
+    : Command(QStringLiteral("outline"),
+        QStringLiteral("list acts, sequences, shots, panels and transitions with their frames"))
+{
+    ArgumentParser& parser = declare();
+    parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
+    parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
+    parser.addOption(QStringLiteral("--fps"), QStringLiteral("F"),
+        QStringLiteral("also show timecodes at F frames per second"));
+}
+
+ExitStatus OutlineCommand::run(const ArgumentValues& arguments)
+{
+    const unsigned fps = arguments.number(QStringLiteral("--fps"), 0, 1, Timecode::kMostFps);
+    ProjectDocument document;
+    document.open(arguments.positional(QStringLiteral("FILE")));
+    const QJsonObject outline = StoryboardOutline::read(document.view(), document.path(), fps);
+    if (arguments.isSet(QStringLiteral("--json")))
+        Console::outJson(outline);
+    else
+        Console::out(StoryboardOutline::table(outline));
+    return ExitStatus::Success;
+}

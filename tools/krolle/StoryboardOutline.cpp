@@ -1,0 +1,143 @@
+#include "StoryboardOutline.h"
+
+#include "ObjectJson.h"
+#include "ProjectSummary.h"
+#include "TextTable.h"
+
+#include "project/KRC_KrolleProject.h"
+
+#include <QJsonArray>
+
+namespace {
+
+const int kSchemaVersion = 1;
+
+QJsonArray panelsOf(const KRC_KrolleProject& view, const ObjectJson& objects, const Krolle::Shot_t& shot)
+{
+    QJsonArray panels;
+    unsigned number = 0;
+    for (auto panel = view.beginPanel(shot), end = view.endPanel(shot); panel != end; ++panel)
+        panels.append(objects.panel(*panel, ++number));
+    return panels;
+}
+
+// Cells of one row: what, name, how it is named, frames, and timecodes when the outline has them.
+QStringList cells(const QString& what, const QJsonObject& object, const QString& named, bool timecodes)
+{
+    QStringList row { what, object.value(QStringLiteral("name")).toString(), named,
+        QString::number(object.value(QStringLiteral("firstFrame")).toInt()),
+        QString::number(object.value(QStringLiteral("lastFrame")).toInt()),
+        QString::number(object.value(QStringLiteral("length")).toInt()) };
+    if (timecodes) {
+        const QJsonObject timecode = object.value(QStringLiteral("timecode")).toObject();
+        row << timecode.value(QStringLiteral("in")).toString()
+            << timecode.value(QStringLiteral("out")).toString()
+            << timecode.value(QStringLiteral("duration")).toString();
+    }
+    return row;
+}
+
+QString named(const QJsonObject& object)
+{
+    return object.value(QStringLiteral("custom")).toBool() ? QStringLiteral("custom")
+                                                           : QStringLiteral("auto");
+}
+
+QString numbered(const char* what, const QJsonObject& object, int indent)
+{
+    return QString(indent, QLatin1Char(' '))
+        + QStringLiteral("%1 %2")
+              .arg(QLatin1String(what))
+              .arg(object.value(QStringLiteral("number")).toInt());
+}
+
+// The runs (acts or sequences) that start at a shot number.
+void addRunRows(
+    TextTable& table, const QJsonArray& runs, const char* what, int indent, int shot, bool timecodes)
+{
+    for (const QJsonValue& run : runs) {
+        const QJsonObject object = run.toObject();
+        if (object.value(QStringLiteral("firstShot")).toInt() == shot)
+            table.addRow(cells(numbered(what, object, indent), object, QString(), timecodes));
+    }
+}
+
+void addTransitionRows(
+    TextTable& table, const QJsonArray& transitions, const QJsonValue& afterShot, bool timecodes)
+{
+    for (const QJsonValue& transition : transitions) {
+        const QJsonObject object = transition.toObject();
+        if (object.value(QStringLiteral("afterShot")) == afterShot)
+            table.addRow(cells(numbered("transition", object, 4), object, QString(), timecodes));
+    }
+}
+
+} // namespace
+
+QJsonObject StoryboardOutline::read(const KRC_KrolleProject& view, const QString& file, unsigned fps)
+{
+    const ObjectJson objects(view, fps);
+    QJsonArray acts;
+    QJsonArray sequences;
+    QJsonArray shots;
+    QJsonArray transitions;
+    Krolle::Shot_t shot = view.first(Krolle::Shot_t::invalid);
+    Krolle::Trans_t transition;
+    if (shot.isValid() && view.isPrecededByTrans(shot, &transition))
+        transitions.append(objects.transition(transition, 1, 0, 1));
+    for (unsigned number = 1; shot.isValid(); shot = view.next(shot), ++number) {
+        if (!view.hasMoreKRSceneInCurKRAct(shot, false))
+            acts.append(objects.run(shot.actName(), acts.size() + 1, number,
+                view.numOfKRScenesInCurKRAct(shot), shot.firstFrame(), view.lastInAct(shot).lastFrame()));
+        if (view.sequenceExists() && !view.hasMoreKRSceneInCurKRSequence(shot, false))
+            sequences.append(objects.run(shot.sequenceName(), sequences.size() + 1, number,
+                view.numOfKRScenesInCurKRSequence(shot), shot.firstFrame(),
+                view.lastInSequence(shot).lastFrame()));
+        QJsonObject entry = objects.shot(shot, number).toObject();
+        entry.insert(QStringLiteral("panels"), panelsOf(view, objects, shot));
+        shots.append(entry);
+        if (view.isFollowedByTrans(shot, &transition))
+            transitions.append(objects.transition(
+                transition, transitions.size() + 1, number, view.next(shot).isValid() ? number + 1 : 0));
+    }
+    return QJsonObject { { QStringLiteral("krolle"), QStringLiteral("outline") },
+        { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), file },
+        { QStringLiteral("fps"), fps ? QJsonValue(static_cast<int>(fps)) : QJsonValue() },
+        { QStringLiteral("sequencesExist"), view.sequenceExists() },
+        { QStringLiteral("counts"), ProjectSummary(view).json() }, { QStringLiteral("acts"), acts },
+        { QStringLiteral("sequences"), sequences }, { QStringLiteral("shots"), shots },
+        { QStringLiteral("transitions"), transitions } };
+}
+
+QString StoryboardOutline::table(const QJsonObject& outline)
+{
+    const bool timecodes = !outline.value(QStringLiteral("fps")).isNull();
+    const QJsonArray acts = outline.value(QStringLiteral("acts")).toArray();
+    const QJsonArray sequences = outline.value(QStringLiteral("sequences")).toArray();
+    const QJsonArray transitions = outline.value(QStringLiteral("transitions")).toArray();
+    TextTable table;
+    QStringList header { QStringLiteral("object"), QStringLiteral("name"), QStringLiteral("named"),
+        QStringLiteral("first"), QStringLiteral("last"), QStringLiteral("length") };
+    if (timecodes)
+        header << QStringLiteral("in") << QStringLiteral("out") << QStringLiteral("duration");
+    table.setHeader(header);
+    for (int column = 3; column < 6; ++column)
+        table.setAlignment(column, TextTable::Align::Right);
+    addTransitionRows(table, transitions, QJsonValue(), timecodes);
+    for (const QJsonValue& value : outline.value(QStringLiteral("shots")).toArray()) {
+        const QJsonObject shot = value.toObject();
+        const int number = shot.value(QStringLiteral("number")).toInt();
+        addRunRows(table, acts, "act", 0, number, timecodes);
+        addRunRows(table, sequences, "sequence", 2, number, timecodes);
+        table.addRow(cells(numbered("shot", shot, 4), shot, named(shot), timecodes));
+        for (const QJsonValue& panel : shot.value(QStringLiteral("panels")).toArray())
+            table.addRow(cells(numbered("panel", panel.toObject(), 6), panel.toObject(),
+                named(panel.toObject()), timecodes));
+        addTransitionRows(table, transitions, QJsonValue(number), timecodes);
+    }
+    const QString summary = ProjectSummary::describe(outline.value(QStringLiteral("counts")).toObject());
+    const QString heading
+        = QStringLiteral("%1: %2").arg(outline.value(QStringLiteral("file")).toString(), summary);
+    return heading + QStringLiteral("\n\n")
+        + (table.isEmpty() ? QStringLiteral("(no shots)\n") : table.toString());
+}

@@ -1,0 +1,23 @@
+// The outline of a storyboard, read from the library's walks.
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+class KRC_KrolleProject;
+
+// Reads a whole project through the library: shots from first to last with
+// next(), panels of each shot from its first with next(), the transitions at
+// the shots' ends (isPrecededByTrans, isFollowedByTrans), acts and sequences
+// as the runs the library finds (hasMoreKRSceneInCurKRAct, lastInAct,
+// numOfKRScenesInCurKRAct and their sequence forms), counts from the
+// library's counts. The result is the "outline" JSON document of the tool's
+// schema; the table form is printed from it.
+class StoryboardOutline
+{
+public:
+    // fps 0: no timecodes.
+    static QJsonObject read(const KRC_KrolleProject& view, const QString& file, unsigned fps);
+    // The aligned table of an outline document.
+    static QString table(const QJsonObject& outline);
+};
