@@ -149,13 +149,25 @@ Panel_t KRC_KrolleProject::lastPanelOf(Shot_t const& shot) const
     return getPanelIn(shot, 1 - shot.firstFrame() + shot.lastFrame());
 }
 
+// A panel's ends come through the shot's warp, while getPanelIn counts frames from
+// the warp's start alone; under a warp that stretches or squeezes the symbol the frame
+// beside a panel can still show that panel. The steps below move on frame by frame
+// until another panel shows, so that a walk never stands still.
+
 Panel_t KRC_KrolleProject::next(Panel_t const& panel) const
 {
     if (panel.isInvalid())
         return panel;
     Shot_t const& shot = panel.shot();
-    if (panel.lastFrame() < shot.lastFrame())
-        return getPanelIn(shot, 2 - shot.firstFrame() + panel.lastFrame()); // the frame behind the panel
+    if (panel.lastFrame() < shot.lastFrame()) {
+        // The frame behind the panel, counted from 1 inside the shot.
+        for (unsigned frame = 2 - shot.firstFrame() + panel.lastFrame(); frame <= shot.objNumOfFrame();
+             ++frame) {
+            Panel_t const found = getPanelIn(shot, frame);
+            if (found != panel)
+                return found;
+        }
+    }
     return firstPanelOf(next(shot));
 }
 
@@ -164,8 +176,14 @@ Panel_t KRC_KrolleProject::prev(Panel_t const& panel) const
     if (panel.isInvalid())
         return panel;
     Shot_t const& shot = panel.shot();
-    if (panel.firstFrame() > shot.firstFrame())
-        return getPanelIn(shot, panel.firstFrame() - shot.firstFrame()); // the frame before the panel
+    if (panel.firstFrame() > shot.firstFrame()) {
+        // The frame before the panel, counted from 1 inside the shot.
+        for (unsigned frame = panel.firstFrame() - shot.firstFrame(); frame >= 1; --frame) {
+            Panel_t const found = getPanelIn(shot, frame);
+            if (found != panel)
+                return found;
+        }
+    }
     return lastPanelOf(prev(shot));
 }
 

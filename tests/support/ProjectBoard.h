@@ -30,6 +30,21 @@ public:
     SC_Id panel(size_t shotIndex, size_t index) const { return board.panels.at(shotIndex).at(index); }
     SC_Id transition(size_t index) const { return board.transitions.at(index); }
 
+    /// The handles of the board's objects, found by id in the view.
+    Krolle::Shot_t shotAt(size_t index) const { return m_view->getShotByID(shot(index)); }
+    Krolle::Panel_t panelAt(size_t shotIndex, size_t index) const
+    {
+        return m_view->getPanelByID(panel(shotIndex, index));
+    }
+    Krolle::Trans_t transAt(size_t index) const { return m_view->getTransByID(transition(index)); }
+
+    /// Gives a shot custom names; a null text leaves that name as it is.
+    void nameShot(size_t index, QString const& name, QString const& sequence = QString(),
+        QString const& act = QString()) const;
+    /// Puts the shots in acts and sequences, "act/sequence" for each shot in order
+    /// ("A/S1 A/S1 B/S2"), and turns sequences on.
+    void group(QString const& groups) const;
+
     /// Delivers what the engine collected, as a host command does when it ends.
     void notify() { manager.notify(); }
 

@@ -8,6 +8,8 @@
 
 #include <cmath>
 #include <map>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 using Krolle::Panel_t;
@@ -66,6 +68,20 @@ public:
         double const tvFrame = std::trunc(frame - shot->firstFrame + 1 + warp->start - 1.0);
         AT_FrameBlock const* block = symbol->sequence()->getBlock(tvFrame < 0 ? 0 : tvFrame);
         return scene(block) ? block : nullptr;
+    }
+
+    /// Scene blocks (shots) or transition blocks, in list order.
+    std::vector<AT_FrameBlock const*> blocks(bool transitions) const
+    {
+        std::vector<AT_FrameBlock const*> found;
+        for (unsigned i = 0; m_tv && i < m_tv->getBlockCount(); ++i) {
+            AT_FrameBlock const* block = m_tv->blockAt(i);
+            bool const isTransition = AT_TransitionSeq::isTransition(block->seq());
+            if (transitions ? isTransition
+                            : (!isTransition && AT_AbstractSceneSeq::toAbstractScene(block->seq())))
+                found.push_back(block);
+        }
+        return found;
     }
 
     AT_FrameBlock const* transitionBlock(unsigned frame) const
@@ -175,6 +191,78 @@ void checkSameAnswer(FrameAnswer const& a, FrameAnswer const& b, QString const& 
     faults.expect(same, what);
 }
 
+/// The objects of a walk, stopped after `limit` steps so that a walk that never
+/// ends shows up as a fault instead of a hang.
+template <class Iterator>
+std::vector<std::decay_t<decltype(*std::declval<Iterator>())>> walk(
+    Iterator it, Iterator const& end, size_t limit, Faults& faults, QString const& what)
+{
+    std::vector<std::decay_t<decltype(*it)>> objects;
+    for (; it != end; ++it) {
+        if (objects.size() > limit) {
+            faults.add(what + QStringLiteral(": the walk does not end"));
+            break;
+        }
+        objects.push_back(*it);
+    }
+    return objects;
+}
+
+/// The walk visits the engine's blocks in list order, and next and prev agree with it.
+template <class Handle>
+void checkOrder(KRC_KrolleProject& view, std::vector<Handle> const& objects,
+    std::vector<AT_FrameBlock const*> const& blocks, Faults& faults, QString const& what)
+{
+    faults.expect(
+        objects.size() == blocks.size(), what + QStringLiteral(": the walk and the engine differ in length"));
+    for (size_t i = 0; i < objects.size(); ++i) {
+        if (i < blocks.size())
+            faults.expectBlock(objects[i], blocks[i], what + QStringLiteral(" %1").arg(i));
+        Handle const before = i > 0 ? objects[i - 1] : Handle::invalid;
+        Handle const after = i + 1 < objects.size() ? objects[i + 1] : Handle::invalid;
+        faults.expect(view.prev(objects[i]) == before, what + QStringLiteral(" %1: prev disagrees").arg(i));
+        faults.expect(view.next(objects[i]) == after, what + QStringLiteral(" %1: next disagrees").arg(i));
+    }
+}
+
+/// Panels run shot by shot in the shots' order, each shot's from its own begin to end.
+void checkPanels(KRC_KrolleProject& view, std::vector<Shot_t> const& shots, Faults& faults)
+{
+    std::vector<Panel_t> const panels
+        = walk(view.beginPanel(), view.endPanel(), 100000, faults, QStringLiteral("panels"));
+    std::vector<Panel_t> byShot;
+    for (Shot_t const& shot : shots) {
+        std::vector<Panel_t> const own = walk(
+            view.beginPanel(shot), view.endPanel(shot), 10000, faults, QStringLiteral("panels of a shot"));
+        for (Panel_t const& panel : own)
+            faults.expect(
+                panel.shot() == shot, QStringLiteral("a panel of a shot's walk belongs to another shot"));
+        byShot.insert(byShot.end(), own.begin(), own.end());
+    }
+    faults.expect(panels == byShot, QStringLiteral("the panel walk differs from the walks of the shots"));
+    for (size_t i = 0; i < panels.size(); ++i) {
+        Panel_t const before = i > 0 ? panels[i - 1] : Panel_t::invalid;
+        faults.expect(view.prev(panels[i]) == before, QStringLiteral("panel %1: prev disagrees").arg(i));
+    }
+    faults.expect(view.panelCount() == panels.size(), QStringLiteral("panelCount differs from the walk"));
+}
+
+void checkWalks(KRC_KrolleProject& view, EngineTruth const& truth, Faults& faults)
+{
+    std::vector<AT_FrameBlock const*> const shotBlocks = truth.blocks(false);
+    std::vector<AT_FrameBlock const*> const transBlocks = truth.blocks(true);
+    std::vector<Shot_t> const shots
+        = walk(view.beginShot(), view.endShot(), shotBlocks.size() + 1, faults, QStringLiteral("shots"));
+    std::vector<Trans_t> const transitions = walk(
+        view.beginTrans(), view.endTrans(), transBlocks.size() + 1, faults, QStringLiteral("transitions"));
+    checkOrder(view, shots, shotBlocks, faults, QStringLiteral("shot"));
+    checkOrder(view, transitions, transBlocks, faults, QStringLiteral("transition"));
+    faults.expect(view.shotCount() == shots.size(), QStringLiteral("shotCount differs from the walk"));
+    faults.expect(
+        view.transCount() == transitions.size(), QStringLiteral("transCount differs from the walk"));
+    checkPanels(view, shots, faults);
+}
+
 } // namespace
 
 ::testing::AssertionResult projectViewIsConsistent(KRC_KrolleProject& view)
@@ -199,11 +287,14 @@ void checkSameAnswer(FrameAnswer const& a, FrameAnswer const& b, QString const& 
             answer, askView(view, frame), QStringLiteral("frame %1: warm answer differs").arg(frame), faults);
     }
 
+    checkWalks(view, truth, faults);
+
     bool const wasEnabled = view.cacheEnabled();
     view.setCacheEnabled(false);
     for (unsigned frame = 0; frame <= end; ++frame)
         checkSameAnswer(cold[frame], askView(view, frame),
             QStringLiteral("frame %1: answer without cache differs").arg(frame), faults);
+    checkWalks(view, truth, faults);
     view.setCacheEnabled(wasEnabled);
     return faults.result();
 }
