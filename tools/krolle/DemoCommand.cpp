@@ -2,29 +2,28 @@
 
 #include "Console.h"
 #include "ProjectDocument.h"
+#include "StoryboardOutline.h"
 #include "StoryboardPlan.h"
 
-#include "host/engine/HostEngine.h"
-
 DemoCommand::DemoCommand()
-    : Command(QStringLiteral("demo"),
-        QStringLiteral("build the sample storyboard, save it if asked, and outline it"))
+    : Command(QStringLiteral("demo"), QStringLiteral("build the sample storyboard, save it if asked, and outline it"))
 {
-    declare().addOption(
-        QStringLiteral("--out"), QStringLiteral("FILE"), QStringLiteral("also save the sample to FILE"));
+    ArgumentParser& parser = declare();
+    parser.addOption(QStringLiteral("--out"), QStringLiteral("FILE"), QStringLiteral("also save the sample to FILE"));
+    parser.setEpilogue(QStringLiteral(
+        "The sample has three acts, five sequences, custom and automatic names, shots cut by their\n"
+        "time warps and transitions. Save it with --out and try the other commands on it."));
 }
 
 ExitStatus DemoCommand::run(const ArgumentValues& arguments)
 {
-    const StoryboardPlan plan = StoryboardPlan::demo();
     ProjectDocument document;
-    plan.build(document);
-    if (arguments.isSet(QStringLiteral("--out")))
-        document.save(arguments.value(QStringLiteral("--out")));
-    Console::out(
-        QStringLiteral("The sample storyboard's timeline, as the engine describes it:\n  %1\n\n"
-                       "Not available yet: the outline (acts, sequences, shot and panel names) waits for\n"
-                       "the library's navigation and name records.\n")
-            .arg(HostStoryboardBuilder::describe(document.project())));
+    StoryboardPlan::demo().build(document);
+    QString name = QStringLiteral("sample storyboard");
+    if (arguments.isSet(QStringLiteral("--out"))) {
+        name = arguments.value(QStringLiteral("--out"));
+        document.save(name);
+    }
+    Console::out(StoryboardOutline::table(StoryboardOutline::read(document.view(), name, 0)));
     return ExitStatus::Success;
 }

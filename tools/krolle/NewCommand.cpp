@@ -2,6 +2,7 @@
 
 #include "Console.h"
 #include "ProjectDocument.h"
+#include "ProjectSummary.h"
 #include "StoryboardPlan.h"
 
 #include <QFileInfo>
@@ -67,6 +68,6 @@ ExitStatus NewCommand::run(const ArgumentValues& arguments)
     ProjectDocument document;
     StoryboardPlan::generated(settings).build(document);
     document.save(path);
-    Console::out(QStringLiteral("wrote %1\n").arg(path));
+    Console::out(QStringLiteral("wrote %1: %2\n").arg(path, ProjectSummary(document.view()).text()));
     return ExitStatus::Success;
 }

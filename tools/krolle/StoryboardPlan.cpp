@@ -1,10 +1,14 @@
 #include "StoryboardPlan.h"
 
+#include "NameWriter.h"
 #include "ProgressBar.h"
 #include "ProjectDocument.h"
 #include "ToolError.h"
 
 #include "host/engine/HostEngine.h"
+#include "metadata/KRC_PanelInfo.h"
+#include "metadata/KRC_SceneInfo.h"
+#include "project/KRC_KrolleProject.h"
 
 #include <random>
 
@@ -101,6 +105,7 @@ StoryboardPlan StoryboardPlan::demo()
         { "S[30,10,20]", "Resolution", "SQ040", "SH010", {} },
         { "S[10,10,10,10]", "Resolution", "SQ040", "SH020", {} },
         { "S[18,18]", "Resolution", "SQ040", "SH030", {} },
+        { "S[14,10,16]", "Resolution", "SQ050", "SH010", {} },
     };
     QStringList tokens;
     for (const Row& row : rows) {
@@ -135,7 +140,27 @@ void StoryboardPlan::buildTimeline(ProjectDocument& document) const
     document.adopt(storyboard.project);
 }
 
-void StoryboardPlan::applyNames(ProjectDocument&) const
+void StoryboardPlan::applyNames(ProjectDocument& document) const
 {
-    // Names go into the shots' and panels' info records once the library's handles carry them.
+    KRC_KrolleProject& view = document.view();
+    if (!m_ruleSettings.isEmpty()) {
+        // The naming rules record comes with the view's namingRules().
+    }
+    view.sequenceExistsMeta()->setValue(m_sequences);
+    ProgressBar progress(QStringLiteral("naming shots"), static_cast<unsigned long long>(m_shots.size()));
+    Krolle::Shot_t shot = view.first(Krolle::Shot_t::invalid);
+    for (const Shot& names : m_shots) {
+        KRC_SceneInfo* info = shot.sceneInfo();
+        NameWriter::set(info->name(), names.name);
+        NameWriter::set(info->actName(), names.act);
+        NameWriter::set(info->sequenceName(), names.sequence);
+        auto panel = view.beginPanel(shot);
+        for (const QString& panelName : names.panelNames) {
+            if (!panelName.isNull())
+                NameWriter::set(panel->panelInfo()->name(), panelName);
+            ++panel;
+        }
+        shot = view.next(shot);
+        progress.advance();
+    }
 }
