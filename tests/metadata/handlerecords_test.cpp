@@ -47,64 +47,37 @@ public:
     MOCK_METHOD(QString, getSceneName, (Shot_t const&), (const, override));
 };
 
-TEST(HandleRecords, TheFirstShotHandleAddsOneSceneInfoToItsSymbol)
+TEST(HandleRecords, TheFirstHandleAddsOneRecordToItsOwnScene)
 {
     ProjectBoard board(QStringLiteral("S[4,4] S[6]"));
-    TUScene* first = sceneOf(board.project(), board.shot(0));
-    TUScene* second = sceneOf(board.project(), board.shot(1));
-    ASSERT_EQ(0, countIn<KRC_SceneInfo>(first));
-
-    Shot_t const shot = board->getShotAt(1, previous);
-    ASSERT_EQ(1, countIn<KRC_SceneInfo>(first));
-    EXPECT_TRUE(first->metadatas()->contains(shot.sceneInfo()));
-    EXPECT_EQ(0, countIn<KRC_SceneInfo>(second));
-
-    // New handles on the same scene find the record instead of adding another.
-    board->setCacheEnabled(false);
-    for (unsigned frame : { 1u, 5u, 8u })
-        EXPECT_EQ(shot.sceneInfo(), board->getShotAt(frame, previous).sceneInfo());
-    EXPECT_EQ(1, countIn<KRC_SceneInfo>(first));
-}
-
-TEST(HandleRecords, TheFirstPanelHandleAddsOnePanelInfoToItsOwnScene)
-{
-    ProjectBoard board(QStringLiteral("S[4,4]"));
+    TUScene* symbol = sceneOf(board.project(), board.shot(0));
     TUScene* firstPanel = sceneOf(board.project(), board.panel(0, 0));
     TUScene* secondPanel = sceneOf(board.project(), board.panel(0, 1));
+    ASSERT_EQ(0, countIn<KRC_SceneInfo>(symbol));
 
     Panel_t const panel = board->getPanelAt(6, previous);
+    Shot_t const shot = panel.shot();
     ASSERT_EQ(secondPanel, panel.symbol());
-    EXPECT_EQ(1, countIn<KRC_PanelInfo>(secondPanel));
+    EXPECT_TRUE(symbol->metadatas()->contains(shot.sceneInfo()));
     EXPECT_TRUE(secondPanel->metadatas()->contains(panel.panelInfo()));
     EXPECT_EQ(0, countIn<KRC_PanelInfo>(firstPanel));
+    EXPECT_EQ(0, countIn<KRC_SceneInfo>(sceneOf(board.project(), board.shot(1))));
 
-    board->invalidate();
-    EXPECT_EQ(panel.panelInfo(), board->getPanelAt(5, previous).panelInfo());
+    // New handles on the same scenes find the records instead of adding others.
+    board->setCacheEnabled(false);
+    for (unsigned frame : { 5u, 7u, 8u }) {
+        EXPECT_EQ(shot.sceneInfo(), board->getShotAt(frame, previous).sceneInfo());
+        EXPECT_EQ(panel.panelInfo(), board->getPanelAt(frame, previous).panelInfo());
+    }
+    EXPECT_EQ(1, countIn<KRC_SceneInfo>(symbol));
     EXPECT_EQ(1, countIn<KRC_PanelInfo>(secondPanel));
-    // The panel's shot has its record as well.
-    EXPECT_NE(nullptr, panel.shot().sceneInfo());
-}
 
-TEST(HandleRecords, WithoutASceneNothingIsMadeAndNamesFallBack)
-{
-    ProjectBoard board(QStringLiteral("S[4]"));
-    AT_FrameBlock const* block = board.timeline()->getBlock(1);
-    StubNameHelper helper;
-    EXPECT_CALL(helper, getSceneName(testing::_)).WillOnce(Return(QStringLiteral("auto")));
-
-    Shot_t const shot(block, nullptr, &helper);
-    EXPECT_EQ(nullptr, shot.sceneInfo());
-    EXPECT_EQ(QStringLiteral("auto"), shot.name());
-    EXPECT_EQ(QStringLiteral("0"), shot.sequenceName());
-    EXPECT_EQ(QStringLiteral("0"), shot.actName());
-
-    Panel_t const panel(block, nullptr, shot, nullptr);
-    EXPECT_EQ(nullptr, panel.panelInfo());
-    EXPECT_TRUE(panel.name().isNull());
+    // A handle without a scene makes nothing and has no record.
+    Shot_t const sceneless(board.timeline()->getBlock(1), nullptr, nullptr);
+    EXPECT_EQ(nullptr, sceneless.sceneInfo());
+    EXPECT_EQ(nullptr, Panel_t(shot.frameBlock(), nullptr, sceneless, nullptr).panelInfo());
     EXPECT_EQ(nullptr, Shot_t::invalid.sceneInfo());
-    EXPECT_TRUE(Shot_t::invalid.name().isNull());
     EXPECT_EQ(nullptr, Panel_t::invalid.panelInfo());
-    EXPECT_EQ(QStringLiteral("0"), Panel_t::invalid.sequenceName());
 }
 
 TEST(HandleRecords, GetShotAtMarksOnlyAFreshRecord)
@@ -207,6 +180,13 @@ TEST(HandleNames, CustomNamesStandAndAutoNamesComeFromTheHelper)
     EXPECT_EQ(QStringLiteral("P-auto"), panel.name());
     panel.panelInfo()->name().setFlag(KRC_ObjectName::kCustom);
     EXPECT_EQ(QStringLiteral("P1"), panel.name());
+
+    // Without a record the helper answers; without a helper too, a null string.
+    EXPECT_EQ(QStringLiteral("SH-auto"), Shot_t(shot.frameBlock(), nullptr, &helper).name());
+    EXPECT_TRUE(Panel_t(panelBlock, nullptr, shot, nullptr).name().isNull());
+    EXPECT_TRUE(Shot_t::invalid.name().isNull());
+    EXPECT_EQ(QStringLiteral("0"), Panel_t::invalid.sequenceName());
+    EXPECT_EQ(QStringLiteral("0"), Shot_t::invalid.actName());
 }
 
 TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)

@@ -1,6 +1,7 @@
 #include "host/base/HostBase.h"
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_SceneInfo.h"
+#include "metadata_test_support.h"
 
 #include <gtest/gtest.h>
 
@@ -8,17 +9,7 @@
 
 namespace {
 
-QString program()
-{
-    return QString::fromUtf8(whoami::progName());
-}
-
-QString baseDump(PIO_Metadata const& meta)
-{
-    QString out;
-    meta.PIO_Metadata::dumpToString(out);
-    return out;
-}
+using metatest::dumpOf;
 
 void setName(KRC_ObjectName& name, char const* value, int flag)
 {
@@ -34,8 +25,7 @@ TEST(SceneInfo, NewRecordsByEveryRouteHaveACustomEmptyName)
     for (auto const& info : routes) {
         EXPECT_EQ(QStringLiteral("sceneInfo"), info->metaType());
         EXPECT_TRUE(info->name().value().isNull());
-        EXPECT_TRUE(info->name().isCustom());
-        EXPECT_FALSE(info->name().isLocked());
+        EXPECT_EQ(KRC_ObjectName::kCustom, info->name().flag());
         EXPECT_TRUE(info->sequenceName().value().isNull());
         EXPECT_EQ(0, info->sequenceName().flag());
         EXPECT_TRUE(info->actName().value().isNull());
@@ -43,7 +33,7 @@ TEST(SceneInfo, NewRecordsByEveryRouteHaveACustomEmptyName)
         EXPECT_FALSE(info->isValid());
     }
     EXPECT_TRUE(routes[0]->metaName().isNull());
-    EXPECT_EQ(program(), routes[1]->creator());
+    EXPECT_EQ(QString::fromUtf8(whoami::progName()), routes[1]->creator());
     EXPECT_EQ(QStringLiteral("1.0"), routes[1]->version());
     EXPECT_EQ(QStringLiteral("c"), routes[2]->creator());
     EXPECT_EQ(QStringLiteral("9"), routes[2]->version());
@@ -51,61 +41,45 @@ TEST(SceneInfo, NewRecordsByEveryRouteHaveACustomEmptyName)
 
 TEST(PanelInfo, NewRecordHasAnAutoNameAndExportFlag13)
 {
-    KRC_PanelInfo info;
-    EXPECT_EQ(QStringLiteral("panelInfo"), info.metaType());
-    EXPECT_EQ(QStringLiteral("1.0"), info.version());
-    EXPECT_EQ(program(), info.creator());
-    EXPECT_TRUE(info.name().isAuto());
-    EXPECT_TRUE(info.name().value().isEmpty());
-    EXPECT_EQ(13, info.exportFlag());
-    EXPECT_TRUE(info.isValid());
-
-    KRC_PanelInfo routed(QStringLiteral("n"), QStringLiteral("c"), QStringLiteral("2.5"));
-    EXPECT_EQ(0, routed.name().flag());
-    EXPECT_EQ(13, routed.exportFlag());
+    for (KRC_PanelInfo const& info :
+        { KRC_PanelInfo(), KRC_PanelInfo(QStringLiteral("n"), QStringLiteral("c"), QStringLiteral("2.5")) }) {
+        EXPECT_EQ(QStringLiteral("panelInfo"), info.metaType());
+        EXPECT_EQ(0, info.name().flag());
+        EXPECT_TRUE(info.name().value().isEmpty());
+        EXPECT_EQ(13, info.exportFlag());
+        EXPECT_TRUE(info.isValid());
+    }
+    EXPECT_EQ(QStringLiteral("1.0"), KRC_PanelInfo().version());
 }
 
-struct ValidityCase
-{
-    char const* value;
-    int flag;
-    bool valid;
-};
-
-class InfoValidity : public testing::TestWithParam<ValidityCase>
-{
-};
-
-TEST_P(InfoValidity, OnlyACustomEmptyNameIsInvalid)
-{
-    const ValidityCase c = GetParam();
-    KRC_SceneInfo scene;
-    KRC_PanelInfo panel;
-    setName(scene.name(), c.value, c.flag);
-    setName(panel.name(), c.value, c.flag);
-    EXPECT_EQ(c.valid, scene.isValid());
-    EXPECT_EQ(c.valid, panel.isValid());
-}
-
-INSTANTIATE_TEST_SUITE_P(Names, InfoValidity,
-    testing::Values(ValidityCase { "", 0, true }, ValidityCase { "", 1, true }, ValidityCase { "", 2, false },
-        ValidityCase { "", 3, false }, ValidityCase { "A", 2, true }, ValidityCase { "A", 0, true },
-        ValidityCase { " ", 2, true }));
-
-TEST(SceneInfo, OnlyALockBitForbidsModifyingSequenceAndActNames)
+TEST(InfoRecords, OnlyACustomEmptyNameIsInvalid)
 {
     struct
     {
+        char const* value;
         int flag;
-        bool modifiable;
-    } const cases[] = { { 0, true }, { 1, false }, { 2, true }, { 3, false } };
+        bool valid;
+    } const cases[] = { { "", 0, true }, { "", 1, true }, { "", 2, false }, { "", 3, false },
+        { "A", 2, true }, { "A", 0, true }, { " ", 2, true } };
     for (auto const& c : cases) {
+        KRC_SceneInfo scene;
+        KRC_PanelInfo panel;
+        setName(scene.name(), c.value, c.flag);
+        setName(panel.name(), c.value, c.flag);
+        EXPECT_EQ(c.valid, scene.isValid()) << c.value << c.flag;
+        EXPECT_EQ(c.valid, panel.isValid()) << c.value << c.flag;
+    }
+}
+
+TEST(SceneInfo, OnlyALockBitForbidsModifyingSequenceAndActNames)
+{
+    for (int flag : { 0, 1, 2, 3 }) {
         KRC_SceneInfo info;
-        info.sequenceName().setFlag(c.flag);
-        EXPECT_EQ(c.modifiable, info.canModifySequenceName()) << c.flag;
-        EXPECT_TRUE(info.canModifyActName()) << c.flag;
-        info.actName().setFlag(c.flag);
-        EXPECT_EQ(c.modifiable, info.canModifyActName()) << c.flag;
+        info.sequenceName().setFlag(flag);
+        EXPECT_EQ((flag & 1) == 0, info.canModifySequenceName()) << flag;
+        EXPECT_TRUE(info.canModifyActName()) << flag;
+        info.actName().setFlag(flag);
+        EXPECT_EQ((flag & 1) == 0, info.canModifyActName()) << flag;
     }
 }
 
@@ -126,85 +100,56 @@ KRC_SceneInfo namedScene()
     return info;
 }
 
-void expectSameScene(KRC_SceneInfo const& expected, KRC_SceneInfo const& actual)
+KRC_PanelInfo namedPanel()
 {
-    EXPECT_EQ(expected.metaName(), actual.metaName());
-    EXPECT_EQ(expected.creator(), actual.creator());
-    EXPECT_EQ(expected.version(), actual.version());
-    EXPECT_EQ(expected.name().value(), actual.name().value());
-    EXPECT_EQ(expected.name().flag(), actual.name().flag());
-    EXPECT_EQ(expected.sequenceName().value(), actual.sequenceName().value());
-    EXPECT_EQ(expected.sequenceName().flag(), actual.sequenceName().flag());
-    EXPECT_EQ(expected.actName().value(), actual.actName().value());
-    EXPECT_EQ(expected.actName().flag(), actual.actName().flag());
+    KRC_PanelInfo info(QStringLiteral("panel"), QStringLiteral("elsewhere"), QStringLiteral("0.9"));
+    setName(info.name(), "P1", 2);
+    info.setExportFlag(5);
+    return info;
 }
 
-TEST(SceneInfo, CloneKeepsIdentityAndEveryNameWithItsFlag)
+// Clone, copy and assignment all give the source's identity and every field; a dump
+// holds both, so equal dumps mean equal records. A cloned scene record keeps the
+// source's flag 0 rather than the custom bit of a new one.
+template <class Record> void expectFaithfulCopies(Record const& source)
 {
-    const KRC_SceneInfo source = namedScene();
-    std::unique_ptr<PIO_Metadata> copy(source.clone());
-    auto* clone = dynamic_cast<KRC_SceneInfo*>(copy.get());
-    ASSERT_NE(nullptr, clone);
-    // The source's flag 0 stands, not the custom bit of a new record.
-    expectSameScene(source, *clone);
-
-    clone->sequenceName().setValue(QStringLiteral("changed"));
-    EXPECT_EQ(QStringLiteral("SEQ1"), source.sequenceName().value());
-}
-
-TEST(SceneInfo, CopyAndAssignmentTakeIdentityAndNames)
-{
-    const KRC_SceneInfo source = namedScene();
-    KRC_SceneInfo copied(source);
-    expectSameScene(source, copied);
-
-    KRC_SceneInfo assigned(QStringLiteral("target"));
-    assigned = source;
-    expectSameScene(source, assigned);
-    assigned.actName().setFlag(0);
-    EXPECT_EQ(1, source.actName().flag());
-}
-
-TEST(PanelInfo, CloneCopyAndAssignmentTakeIdentityNameAndExportFlag)
-{
-    KRC_PanelInfo source(QStringLiteral("panel"), QStringLiteral("elsewhere"), QStringLiteral("0.9"));
-    setName(source.name(), "P1", 2);
-    source.setExportFlag(5);
-
     std::unique_ptr<PIO_Metadata> cloned(source.clone());
-    KRC_PanelInfo copied(source);
-    KRC_PanelInfo assigned;
+    ASSERT_TRUE(dynamic_cast<Record*>(cloned.get()));
+    Record copied(source);
+    Record assigned;
     assigned = source;
-    for (PIO_Metadata const* meta : { static_cast<PIO_Metadata const*>(cloned.get()),
-             static_cast<PIO_Metadata const*>(&copied), static_cast<PIO_Metadata const*>(&assigned) }) {
-        auto const* info = dynamic_cast<KRC_PanelInfo const*>(meta);
-        ASSERT_NE(nullptr, info);
-        EXPECT_EQ(QStringLiteral("panel"), info->metaName());
-        EXPECT_EQ(QStringLiteral("elsewhere"), info->creator());
-        EXPECT_EQ(QStringLiteral("0.9"), info->version());
-        EXPECT_EQ(QStringLiteral("P1"), info->name().value());
-        EXPECT_EQ(2, info->name().flag());
-        EXPECT_EQ(5, info->exportFlag());
-    }
-    assigned.setExportFlag(1);
-    EXPECT_EQ(5, source.exportFlag());
+    for (PIO_Metadata const* copy : { static_cast<PIO_Metadata const*>(cloned.get()),
+             static_cast<PIO_Metadata const*>(&copied), static_cast<PIO_Metadata const*>(&assigned) })
+        EXPECT_EQ(dumpOf(source), dumpOf(*copy));
+
+    assigned.name().setValue(QStringLiteral("changed"));
+    copied.name().setFlag(1);
+    EXPECT_EQ(dumpOf(source), dumpOf(*cloned));
 }
 
-TEST(InfoDump, ItemsFollowTheBaseLineInXmlOrder)
+TEST(InfoRecords, CloneCopyAndAssignmentTakeIdentityAndEveryField)
+{
+    expectFaithfulCopies(namedScene());
+    expectFaithfulCopies(namedPanel());
+}
+
+TEST(InfoRecords, DumpItemsFollowTheBaseLineInXmlOrder)
 {
     const KRC_SceneInfo scene = namedScene();
+    QString base;
+    scene.PIO_Metadata::dumpToString(base);
     QString out = QStringLiteral("before\n");
     scene.dumpToString(out);
-    EXPECT_EQ(QStringLiteral("before\n") + baseDump(scene)
+    EXPECT_EQ(QStringLiteral("before\n") + base
             + QStringLiteral("name=SH010, nameFlag=0, sequenceName=SEQ1, sequenceNameFlag=3, "
                              "actName=ACT2, actNameFlag=1\n"),
         out);
 
     KRC_PanelInfo panel;
     panel.name().setValue(QStringLiteral("A"));
-    QString panelOut;
-    panel.dumpToString(panelOut);
-    EXPECT_EQ(baseDump(panel) + QStringLiteral("name=A, nameFlag=0, exportFlag=13\n"), panelOut);
+    QString panelBase;
+    panel.PIO_Metadata::dumpToString(panelBase);
+    EXPECT_EQ(panelBase + QStringLiteral("name=A, nameFlag=0, exportFlag=13\n"), dumpOf(panel));
 }
 
 } // namespace

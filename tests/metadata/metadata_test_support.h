@@ -36,6 +36,14 @@ template <class T> T* first(PIO_Metadatas* metas)
     return metas && !metas->isEmpty() ? dynamic_cast<T*>(*metas->begin()) : nullptr;
 }
 
+/// The record's dump: its identity and every field, as text.
+inline QString dumpOf(PIO_Metadata const& record)
+{
+    QString out;
+    record.dumpToString(out);
+    return out;
+}
+
 /// Writes `record` (a copy, which the temporary collection owns) and reads it back.
 template <class T> std::unique_ptr<PIO_Metadatas> roundTrip(T const& record, QByteArray* written = nullptr)
 {
