@@ -46,7 +46,7 @@ const FileCase kFileCases[] = {
     { "missing file", nullptr, "cannot load project.xml: No such file or directory" },
     { "not XML", "just words\n", "cannot load project.xml: line 1, column 1: Start tag expected." },
     { "cut short", "<?xml version=\"1.0\"?>\n<engineProject version=\"1\" nextId=\"3\">\n <scene id=\"1\"",
-        "cannot load project.xml: line 3, column 15: Premature end of document." },
+        "cannot load project.xml: line 3, column 14: Premature end of document." },
     { "dangling reference",
         "<?xml version=\"1.0\"?>\n<engineProject version=\"1\" nextId=\"3\">\n <scene id=\"1\" "
         "name=\"Top\">\n"
