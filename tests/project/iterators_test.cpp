@@ -1,0 +1,239 @@
+// Iterators: plain walks forward and back, per shot, the iterator surface, and the
+// mixed walks that stop at transitions.
+#include "support/ProjectBoard.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Krolle;
+
+namespace {
+
+// T0 before shot 0, T1 between shots 1 and 2, T2 after shot 4.
+char const* const kBoard = "T2 S[3,3] S[4] T2 S[2,2] S[5] S[1,2] T1";
+
+template <class Iterator> std::vector<SC_Id> idsOf(Iterator it, Iterator const& end)
+{
+    std::vector<SC_Id> ids;
+    for (; it != end && ids.size() < 100; ++it)
+        ids.push_back(it->id());
+    return ids;
+}
+
+std::vector<SC_Id> allPanels(HostStoryboard const& board)
+{
+    std::vector<SC_Id> ids;
+    for (auto const& shot : board.panels)
+        ids.insert(ids.end(), shot.begin(), shot.end());
+    return ids;
+}
+
+template <class T> std::vector<T> reversed(std::vector<T> values)
+{
+    std::reverse(values.begin(), values.end());
+    return values;
+}
+
+class Walks : public testing::TestWithParam<bool>
+{
+protected:
+    void SetUp() override { board->setCacheEnabled(GetParam()); }
+    ProjectBoard board { QString::fromLatin1(kBoard) };
+};
+
+TEST_P(Walks, VisitEveryObjectInFrameOrderBothWays)
+{
+    KRC_KrolleProject const& view = board.view();
+    EXPECT_EQ(board.board.shots, idsOf(view.beginShot(), view.endShot()));
+    EXPECT_EQ(reversed(board.board.shots), idsOf(view.rbeginShot(), view.rendShot()));
+    EXPECT_EQ(allPanels(board.board), idsOf(view.beginPanel(), view.endPanel()));
+    EXPECT_EQ(reversed(allPanels(board.board)), idsOf(view.rbeginPanel(), view.rendPanel()));
+    EXPECT_EQ(board.board.transitions, idsOf(view.beginTrans(), view.endTrans()));
+    EXPECT_EQ(reversed(board.board.transitions), idsOf(view.rbeginTrans(), view.rendTrans()));
+}
+
+TEST_P(Walks, PanelsOfOneShotEndAtTheNextShotsFirstPanel)
+{
+    KRC_KrolleProject const& view = board.view();
+    for (size_t i = 0; i < board.board.shots.size(); ++i) {
+        SCOPED_TRACE(testing::Message() << "shot " << i);
+        Shot_t const shot = board.shotAt(i);
+        EXPECT_EQ(board.board.panels[i], idsOf(view.beginPanel(shot), view.endPanel(shot)));
+        EXPECT_EQ(reversed(board.board.panels[i]), idsOf(view.rbeginPanel(shot), view.rendPanel(shot)));
+        if (i + 1 < board.board.shots.size()) {
+            EXPECT_EQ(board.panel(i + 1, 0), view.endPanel(shot)->id());
+        }
+    }
+    EXPECT_TRUE(view.endPanel(board.shotAt(4)) == view.endPanel());
+    EXPECT_TRUE(view.rendPanel(board.shotAt(0)) == view.rendPanel());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Iterators, Walks, testing::Values(true, false), [](testing::TestParamInfo<bool> const& info) {
+        return std::string(info.param ? "CacheOn" : "CacheOff");
+    });
+
+TEST(IteratorSurface, WorksWithTheStandardAlgorithms)
+{
+    ProjectBoard board(QString::fromLatin1(kBoard));
+    KRC_KrolleProject const& view = board.view();
+    EXPECT_EQ(5, std::distance(view.beginShot(), view.endShot()));
+    auto const found = std::find_if(view.beginPanel(), view.endPanel(),
+        [&](Panel_t const& panel) { return panel.id() == board.panel(2, 1); });
+    EXPECT_EQ(3u, found->relativeFirstFrame());
+
+    auto it = view.beginShot();
+    auto const was = it++;
+    EXPECT_EQ(board.shot(0), was->id());
+    EXPECT_EQ(board.shot(1), (*it).id());
+    EXPECT_EQ(board.shot(0), (--it)->id());
+    EXPECT_TRUE((--it) == view.endShot()); // off the start: the end
+    EXPECT_TRUE((--it) == view.endShot()); // and it stays there
+
+    auto back = view.rbeginShot();
+    ++back;
+    EXPECT_EQ(board.shot(3), back->id());
+    back.toFirst();
+    EXPECT_EQ(board.shot(4), back->id());
+    back.toLast();
+    EXPECT_EQ(board.shot(0), back->id());
+
+    objiterator<Shot_t> lost(board.shotAt(2), nullptr);
+    EXPECT_TRUE((++lost)->isInvalid());
+    EXPECT_TRUE(lost.toFirst()->isInvalid());
+}
+
+TEST(IteratorSurface, AnEmptyProjectBeginsAtItsEnd)
+{
+    UT_SharedPtr<SC_Project> project = HostAuthoring::createProject();
+    KRC_KrolleProject view(project.get());
+    EXPECT_TRUE(view.beginShot() == view.endShot());
+    EXPECT_TRUE(view.rbeginShot() == view.rendShot());
+    EXPECT_TRUE(view.beginPanel() == view.endPanel());
+    EXPECT_TRUE(view.beginTrans() == view.endTrans());
+    EXPECT_TRUE(view.beginPanelTrans() == view.endPanelTrans());
+    EXPECT_TRUE(view.rbeginPanelTrans() == view.rendPanelTrans());
+    EXPECT_TRUE(view.beginShotTrans() == view.endShotTrans());
+}
+
+/// A mixed walk as text: "P<shot>.<panel>" or "S<shot>" on an object, "T<index>" on a
+/// transition.
+template <class Iterator> QStringList mixedWalk(ProjectBoard const& board, Iterator it, Iterator const& end)
+{
+    auto const& shots = board.board.shots;
+    auto const& transitions = board.board.transitions;
+    QStringList steps;
+    for (; it != end && steps.size() < 100; ++it) {
+        if (it.onTrans()) {
+            auto const t = std::find(transitions.begin(), transitions.end(), it.trans.id());
+            steps << QStringLiteral("T%1").arg(t - transitions.begin());
+            continue;
+        }
+        for (size_t s = 0; s < shots.size(); ++s) {
+            if (it->id() == shots[s])
+                steps << QStringLiteral("S%1").arg(s);
+            auto const& panels = board.board.panels[s];
+            auto const p = std::find(panels.begin(), panels.end(), it->id());
+            if (p != panels.end())
+                steps << QStringLiteral("P%1.%2").arg(s).arg(p - panels.begin());
+        }
+    }
+    return steps;
+}
+
+TEST(MixedWalks, StopAtEachTransitionBetweenTwoObjects)
+{
+    ProjectBoard board(QString::fromLatin1(kBoard));
+    KRC_KrolleProject const& view = board.view();
+    QStringList const panels = { "P0.0", "P0.1", "P1.0", "T1", "P2.0", "P2.1", "P3.0", "P4.0", "P4.1", "T2" };
+    EXPECT_EQ(panels, mixedWalk(board, view.beginPanelTrans(), view.endPanelTrans()));
+    // Backward the leading transition is reached from no object, as forward the first is.
+    QStringList const back = { "P4.1", "P4.0", "P3.0", "P2.1", "P2.0", "T1", "P1.0", "P0.1", "P0.0" };
+    EXPECT_EQ(back, mixedWalk(board, view.rbeginPanelTrans(), view.rendPanelTrans()));
+    QStringList const shots = { "S0", "S1", "T1", "S2", "S3", "S4", "T2" };
+    EXPECT_EQ(shots, mixedWalk(board, view.beginShotTrans(), view.endShotTrans()));
+}
+
+TEST(MixedWalks, RetreatStopsOnTheTransitionAndAdvanceGoesBack)
+{
+    ProjectBoard board(QString::fromLatin1(kBoard));
+    KRC_KrolleProject const& view = board.view();
+    objTransIterator<Panel_t> it(board.panelAt(2, 0), Trans_t(), true, &board.view());
+    it.retreat();
+    EXPECT_TRUE(it.onTrans());
+    EXPECT_EQ(board.transition(1), it.trans.id());
+    EXPECT_FALSE(it.transAfterObject);
+    EXPECT_EQ(board.panel(2, 0), it->id());
+
+    objTransIterator<Panel_t> forth = it;
+    forth.advance();
+    EXPECT_FALSE(forth.onTrans());
+    EXPECT_EQ(board.panel(2, 0), forth->id());
+
+    it.retreat();
+    EXPECT_FALSE(it.onTrans());
+    EXPECT_EQ(board.panel(1, 0), it->id());
+    EXPECT_TRUE(view.panelTransAt(8) == it);
+    EXPECT_TRUE(view.panelTransAt(9) != it); // on the transition, not on the panel
+}
+
+TEST(MixedWalks, TheEndsIncludeTransitionsBeyondTheFirstAndLastObject)
+{
+    ProjectBoard board(QString::fromLatin1(kBoard));
+    objTransIterator<Panel_t> it(Panel_t(), Trans_t(), true, &board.view());
+    it.toFirst();
+    EXPECT_EQ(board.transition(0), it.trans.id());
+    EXPECT_FALSE(it.transAfterObject);
+    EXPECT_EQ(board.panel(0, 0), it->id());
+    it.toLast();
+    EXPECT_EQ(board.transition(2), it.trans.id());
+    EXPECT_TRUE(it.transAfterObject);
+    EXPECT_EQ(board.panel(4, 1), it->id());
+
+    ProjectBoard plain(QStringLiteral("S[2] S[3]"));
+    objTransIterator<Panel_t> none(Panel_t(), Trans_t(), true, &plain.view());
+    none.toFirst();
+    EXPECT_FALSE(none.onTrans());
+    EXPECT_FALSE(none.transAfterObject);
+    EXPECT_EQ(plain.panel(0, 0), none->id());
+    none.transAfterObject = true;
+    none.toLast();
+    EXPECT_FALSE(none.onTrans());
+    EXPECT_TRUE(none.transAfterObject);
+}
+
+TEST(MixedWalks, AtAFrameOrIdStandOnTheTransitionNextToItsPanel)
+{
+    // S0 [1,10] with panels [1,5] [6,10], T1 [7,10], S1 [7,12].
+    ProjectBoard board(QStringLiteral("S[5,5] T4 S[6]"));
+    KRC_KrolleProject const& view = board.view();
+    for (unsigned frame : { 7u, 10u }) {
+        objTransIterator<Panel_t> const it = view.panelTransAt(frame);
+        EXPECT_EQ(board.transition(0), it.trans.id());
+        EXPECT_EQ(board.panel(0, 1), it->id()); // the panel that ends with it
+        EXPECT_TRUE(it.transAfterObject);
+    }
+    objTransIterator<Panel_t> const onPanel = view.panelTransAt(3);
+    EXPECT_FALSE(onPanel.onTrans());
+    EXPECT_EQ(board.panel(0, 0), onPanel->id());
+
+    EXPECT_TRUE(view.panelTransById(board.transition(0)) == view.panelTransAt(8));
+    objTransIterator<Panel_t> const byPanel = view.panelTransById(board.panel(1, 0));
+    EXPECT_FALSE(byPanel.onTrans());
+    EXPECT_EQ(board.panel(1, 0), byPanel->id());
+}
+
+TEST(MixedWalks, ATransitionThatStartsAPanelStandsBeforeIt)
+{
+    // The leading transition ends inside the first panel: no panel ends with it, so it
+    // stands before the panel that starts with it.
+    ProjectBoard board(QStringLiteral("T2 S[5]"));
+    objTransIterator<Panel_t> const it = board->panelTransAt(1);
+    EXPECT_EQ(board.transition(0), it.trans.id());
+    EXPECT_EQ(board.panel(0, 0), it->id());
+    EXPECT_FALSE(it.transAfterObject);
+}
+
+} // namespace

@@ -1,0 +1,156 @@
+// The project's own records, the act and sequence names by frame, and the guards.
+#include "support/ProjectBoard.h"
+#include "support/ScopedPreferences.h"
+
+#include "metadata/KRC_SceneInfo.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+using namespace Krolle;
+
+namespace {
+
+int recordsNamed(SC_Project* project, QString const& name)
+{
+    int count = 0;
+    for (PIO_Metadata* record : *project->metadatas())
+        count += record->metaName() == name ? 1 : 0;
+    return count;
+}
+
+struct TextRecord
+{
+    char const* name;
+    std::function<PIO_MetadataString*(KRC_KrolleProject const&)> record;
+    std::function<QString(KRC_KrolleProject const&)> value;
+};
+
+TEST(ProjectRecords, TextRecordsAreMadeOnceOnFirstRead)
+{
+    ProjectBoard board(QStringLiteral("S[2]"));
+    TextRecord const records[] = {
+        { "projectTitle", &KRC_KrolleProject::titleMeta, &KRC_KrolleProject::title },
+        { "projectSubTitle", &KRC_KrolleProject::subTitleMeta, &KRC_KrolleProject::subTitle },
+        { "projectEpisode", &KRC_KrolleProject::episodeMeta, &KRC_KrolleProject::episode },
+        { "projectCopyright", &KRC_KrolleProject::copyrightMeta, &KRC_KrolleProject::copyright },
+    };
+    for (TextRecord const& r : records) {
+        SCOPED_TRACE(r.name);
+        QString const name = QString::fromLatin1(r.name);
+        EXPECT_EQ(0, recordsNamed(board.project(), name));
+        EXPECT_TRUE(r.value(board.view()).isEmpty());
+        EXPECT_EQ(1, recordsNamed(board.project(), name));
+        PIO_MetadataString* record = r.record(board.view());
+        EXPECT_EQ(name, record->metaName());
+        record->setValue(name + QStringLiteral(" value"));
+        EXPECT_EQ(name + QStringLiteral(" value"), r.value(board.view()));
+        EXPECT_EQ(record, r.record(board.view()));
+        EXPECT_EQ(1, recordsNamed(board.project(), name));
+    }
+}
+
+TEST(ProjectRecords, StartTimeAndSequencesDefaultToNothing)
+{
+    ProjectBoard board(QStringLiteral("S[2]"));
+    EXPECT_EQ(0, board->startTime());
+    EXPECT_EQ(1, recordsNamed(board.project(), QStringLiteral("projectStartTime")));
+    board->startTimeMeta()->setValue(86400);
+    EXPECT_EQ(86400, board->startTime());
+    EXPECT_FALSE(board->sequenceExists());
+    board->sequenceExistsMeta()->setValue(true);
+    EXPECT_TRUE(board->sequenceExists());
+}
+
+TEST(ProjectRecords, TheFirstFilmWidthReadFixesTheDefault)
+{
+    ProjectBoard board(QStringLiteral("S[2]"));
+    EXPECT_EQ(1.4173228346456694, board->filmWidth());
+    EXPECT_TRUE(board->filmWidthMeta()->isValid());
+
+    ProjectBoard withPreference(QStringLiteral("S[2]"));
+    ScopedPreferences preferences;
+    preferences->setDoubleValue(QStringLiteral("KR_CAMERA_FILM_WIDTH"), 0.98);
+    EXPECT_EQ(0.98, withPreference->filmWidth());
+    preferences->setDoubleValue(QStringLiteral("KR_CAMERA_FILM_WIDTH"), 2.5);
+    EXPECT_EQ(0.98, withPreference->filmWidth()); // fixed in the project
+    EXPECT_EQ(1.4173228346456694, board->filmWidth());
+}
+
+TEST(ProjectRecords, WithoutAProjectTheValuesAreEmpty)
+{
+    KRC_KrolleProject view(nullptr);
+    EXPECT_EQ(nullptr, view.titleMeta());
+    EXPECT_TRUE(view.title().isNull());
+    EXPECT_EQ(0, view.startTime());
+    EXPECT_FALSE(view.sequenceExists());
+    EXPECT_EQ(1.4173228346456694, view.filmWidth());
+}
+
+TEST(NamesAtFrames, AreTheStoredNamesCustomOrNot)
+{
+    ProjectBoard board(QStringLiteral("S[2] T1 S[3]"));
+    board.nameShot(1, QString(), QStringLiteral("SEQ"), QStringLiteral("ACT"));
+    KRC_SceneInfo* info = board.shotAt(0).sceneInfo();
+    info->actName().setValue(QStringLiteral("stored")); // not custom
+    EXPECT_EQ(QStringLiteral("stored"), board->getActNameAt(1, KRC_KrolleProject::PreferPrevious));
+    EXPECT_EQ(QStringLiteral("0"), board.shotAt(0).actName());
+    EXPECT_TRUE(board->getSequenceNameAt(1, KRC_KrolleProject::PreferPrevious).isEmpty());
+    // Under the transition each side has its own.
+    EXPECT_EQ(QStringLiteral("stored"), board->getActNameAt(2, KRC_KrolleProject::PreferPrevious));
+    EXPECT_EQ(QStringLiteral("ACT"), board->getActNameAt(2, KRC_KrolleProject::PreferNext));
+    EXPECT_EQ(QStringLiteral("SEQ"), board->getSequenceNameAt(4, KRC_KrolleProject::PreferNext));
+    EXPECT_TRUE(board->getActNameAt(99, KRC_KrolleProject::PreferNext).isNull());
+}
+
+TEST(CacheGuards, NestAndPutBackWhatTheyFound)
+{
+    ProjectBoard board(QStringLiteral("S[2]"));
+    KRC_KrolleProject* view = &board.view();
+    view->setCacheEnabled(false);
+    {
+        KRC_KrolleProject::CacheActivator on(view);
+        EXPECT_TRUE(view->cacheEnabled());
+        {
+            KRC_KrolleProject::CacheDesactivator off(view);
+            EXPECT_FALSE(view->cacheEnabled());
+        }
+        EXPECT_TRUE(view->cacheEnabled());
+    }
+    EXPECT_FALSE(view->cacheEnabled());
+
+    view->setCacheEnabled(true);
+    Shot_t const shot = view->getShotAt(1, KRC_KrolleProject::PreferPrevious);
+    {
+        KRC_KrolleProject::CacheActivator same(view); // no change of state: the caches stay
+    }
+    EXPECT_TRUE(static_cast<SharedPtr<ShotPrivate> const&>(shot)
+        == view->getShotAt(1, KRC_KrolleProject::PreferPrevious));
+}
+
+TEST(LockHelper, HoldsTheLockForItsLifetime)
+{
+    ProjectBoard board(QStringLiteral("S[2]"));
+    KRC_KrolleProject* view = &board.view();
+    EXPECT_FALSE(KRC_KrolleProject::LockHelper::isLocked(view));
+    std::atomic<bool> otherGotIn { false };
+    std::thread other;
+    {
+        KRC_KrolleProject::LockHelper lock(view);
+        EXPECT_TRUE(KRC_KrolleProject::LockHelper::isLocked(view));
+        other = std::thread([&] {
+            KRC_KrolleProject::LockHelper waiting(view);
+            otherGotIn = true;
+        });
+        std::this_thread::yield();
+        EXPECT_FALSE(otherGotIn);
+    }
+    other.join();
+    EXPECT_TRUE(otherGotIn);
+    EXPECT_FALSE(KRC_KrolleProject::LockHelper::isLocked(view));
+}
+
+} // namespace
