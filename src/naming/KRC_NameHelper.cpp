@@ -5,6 +5,7 @@
 #include <QRegExp>
 
 #include <climits>
+#include <optional>
 #include <set>
 
 namespace {
@@ -36,6 +37,14 @@ QChar stepChar(QChar c, int delta)
 {
     const int byte = static_cast<signed char>(c.toLatin1());
     return QChar(static_cast<ushort>(byte + delta));
+}
+
+// A name that reads as a whole 32-bit number in base 10 (spaces and a sign allowed).
+std::optional<int> asInteger(const QString& name)
+{
+    bool isInteger = false;
+    const int number = name.toInt(&isInteger, 10);
+    return isInteger ? std::optional<int>(number) : std::nullopt;
 }
 
 QString printWithWidth(qint64 value, int width)
@@ -201,10 +210,8 @@ QString KRC_NameHelper::getNextName(const QString& name, int type)
     if (name.isEmpty())
         return emptyNameStart(type);
 
-    bool isInteger = false;
-    const int number = name.toInt(&isInteger);
-    if (isInteger)
-        return printWithWidth(qint64(number) + 1, name.length());
+    if (const std::optional<int> number = asInteger(name))
+        return printWithWidth(qint64(*number) + 1, name.length());
 
     QString result = name;
     bool upper = true;
@@ -240,10 +247,8 @@ QString KRC_NameHelper::getPrevName(const QString& name, int type)
     if (name.isEmpty())
         return emptyNameStart(type);
 
-    bool isInteger = false;
-    const int number = name.toInt(&isInteger);
-    if (isInteger)
-        return number > 0 ? printWithWidth(number - 1, name.length()) : QStringLiteral("999");
+    if (const std::optional<int> number = asInteger(name))
+        return *number > 0 ? printWithWidth(*number - 1, name.length()) : QStringLiteral("999");
 
     QString result = name;
     bool upper = true;
@@ -338,10 +343,7 @@ void KRC_NameHelper::getPrefixAndSuffix(
         suffix = name.mid(pos);
     }
     length = prefix.length();
-    bool isInteger = false;
-    value = prefix.toInt(&isInteger);
-    if (!isInteger)
-        value = INT_MIN;
+    value = asInteger(prefix).value_or(INT_MIN);
 }
 
 QString KRC_NameHelper::getBaseName(const QString& name, int type, int minLength, int count)
@@ -411,9 +413,9 @@ bool KRC_NameHelper::extractNumericalPart(
         parts.append(tail);
     }
 
-    bool isInteger = false;
-    value = parts.at(index).toInt(&isInteger);
-    return isInteger;
+    const std::optional<int> number = asInteger(parts.at(index));
+    value = number.value_or(0);
+    return number.has_value();
 }
 
 QString KRC_NameHelper::getPreferedNewObjName(
