@@ -1,12 +1,16 @@
 #include "naming/KRC_NameHelper.h"
 
+#include "metadata/KRC_PanelInfo.h"
+#include "metadata/KRC_SceneInfo.h"
 #include "naming/KRC_ObjectName.h"
+#include "project/KRC_KrolleProject.h"
 
 #include <QRegExp>
 
 #include <climits>
 #include <optional>
 #include <set>
+#include <vector>
 
 namespace {
 
@@ -425,4 +429,211 @@ QString KRC_NameHelper::getPreferedNewObjName(
     if (rule != KRC_NamingRules::Rule_ByN)
         return getBaseName(prev, next, rule, getLeadingSpaces(rules));
     return proposeByN(rules.autoIncrementValue(), getLeadingSpaces(rules), prev, next);
+}
+
+class KRC_NameHelperPrivate
+{
+public:
+    explicit KRC_NameHelperPrivate(KRC_KrolleProject* view)
+        : project(view)
+    {
+    }
+
+    // The project's rules; a project that keeps no records names by the preferences.
+    const KRC_NamingRules& rules() const
+    {
+        const KRC_NamingRules* own = project->namingRules();
+        return own ? *own : preferenceRules;
+    }
+
+    KRC_KrolleProject* project;
+    KRC_NamingRules preferenceRules;
+};
+
+namespace {
+
+using Krolle::Panel_t;
+using Krolle::Shot_t;
+
+const KRC_ObjectName* storedName(const Shot_t& shot)
+{
+    const KRC_SceneInfo* info = shot.sceneInfo();
+    return info ? &info->name() : nullptr;
+}
+
+const KRC_ObjectName* storedSequenceName(const Shot_t& shot)
+{
+    const KRC_SceneInfo* info = shot.sceneInfo();
+    return info ? &info->sequenceName() : nullptr;
+}
+
+const KRC_ObjectName* storedName(const Panel_t& panel)
+{
+    const KRC_PanelInfo* info = panel.panelInfo();
+    return info ? &info->name() : nullptr;
+}
+
+const KRC_ObjectName* customName(const Panel_t& panel)
+{
+    const KRC_ObjectName* name = storedName(panel);
+    return name && name->isCustom() ? name : nullptr;
+}
+
+struct Neighbours
+{
+    const KRC_ObjectName* prev = nullptr;
+    const KRC_ObjectName* next = nullptr;
+};
+
+// The object's own name on one side of the new object, its neighbour's on the side
+// that `after` names.
+Neighbours around(const KRC_ObjectName* own, const KRC_ObjectName* neighbour, bool after)
+{
+    return after ? Neighbours { own, neighbour } : Neighbours { neighbour, own };
+}
+
+// The names of a shot and of its neighbour, as `nameOf` reads them from the shots.
+template <class NameOf>
+Neighbours shotNeighbours(const KRC_KrolleProject& project, const SC_Id& shotId, bool after, NameOf nameOf)
+{
+    const Shot_t shot = project.getShotByID(shotId);
+    if (shot.isInvalid())
+        return Neighbours();
+    const Shot_t neighbour = after ? project.next(shot) : project.prev(shot);
+    return around(nameOf(shot), neighbour.isValid() ? nameOf(neighbour) : nullptr, after);
+}
+
+// The places of a shot's panels, as a walk of the shot finds them.
+struct PanelPlaces
+{
+    std::vector<bool> isAuto;
+    std::set<QString> customNames;
+    int askedPlace = -1;
+    const KRC_ObjectName* askedCustom = nullptr;
+};
+
+PanelPlaces placesOf(const KRC_KrolleProject& project, const Panel_t& asked)
+{
+    PanelPlaces places;
+    const Shot_t& shot = asked.shot();
+    for (auto it = project.beginPanel(shot), end = project.endPanel(shot); it != end; ++it) {
+        const Panel_t& panel = *it;
+        const bool isAsked = panel.id() == asked.id();
+        const KRC_ObjectName* custom = customName(panel);
+        if (custom) {
+            if (isAsked) {
+                places.askedCustom = custom;
+                break;
+            }
+            places.customNames.insert(custom->value());
+        } else if (isAsked && places.askedPlace < 0) {
+            places.askedPlace = int(places.isAuto.size());
+        }
+        places.isAuto.push_back(!custom);
+    }
+    return places;
+}
+
+} // namespace
+
+KRC_NameHelper::KRC_NameHelper(KRC_KrolleProject* project)
+    : d(new KRC_NameHelperPrivate(project))
+{
+}
+
+KRC_NameHelper::~KRC_NameHelper()
+{
+    delete d;
+}
+
+QString KRC_NameHelper::getPanelName(const Panel_t& panel) const
+{
+    if (panel.isInvalid())
+        return QStringLiteral("");
+    const PanelPlaces places = placesOf(*d->project, panel);
+    if (places.askedCustom)
+        return places.askedCustom->value();
+
+    const SeriesNamer namer(d->rules().panelRules());
+    if (places.askedPlace < 0) {
+        const unsigned index = d->project->getPanelNdx(panel, true);
+        return index == KRC_KrolleProject::invalidNdx ? QStringLiteral("") : namer.at(int(index));
+    }
+    // Without custom names every place keeps the name of its number: the series
+    // never repeats a name, so no auto name before this one can take it.
+    if (places.customNames.empty())
+        return namer.at(places.askedPlace);
+    std::set<QString> taken = places.customNames;
+    for (int n = 0; n < places.askedPlace; ++n) {
+        if (places.isAuto[n])
+            taken.insert(namer.firstFree(n, taken));
+    }
+    return namer.firstFree(places.askedPlace, taken);
+}
+
+QString KRC_NameHelper::getSceneName(const Shot_t& shot) const
+{
+    const unsigned index = d->project->getShotNdx(shot);
+    return index == KRC_KrolleProject::invalidNdx ? QString() : getSceneName(int(index));
+}
+
+QString KRC_NameHelper::getPanelName(int index, const std::set<QString>& taken) const
+{
+    return SeriesNamer(d->rules().panelRules()).firstFree(index, taken);
+}
+
+QString KRC_NameHelper::getSceneName(int index) const
+{
+    return getName(d->rules().shotRules(), index);
+}
+
+QString KRC_NameHelper::getSequenceName(int index) const
+{
+    return getName(d->rules().sequenceRules(), index);
+}
+
+QString KRC_NameHelper::getActName(int index) const
+{
+    return QString::number(index + 1);
+}
+
+QString KRC_NameHelper::getPreferedNewSceneName(const SC_Id& shotId, bool after) const
+{
+    const Neighbours names
+        = shotNeighbours(*d->project, shotId, after, [](const Shot_t& shot) { return storedName(shot); });
+    return getPreferedNewObjName(d->rules().shotRules(), names.prev, names.next);
+}
+
+QString KRC_NameHelper::getPreferedNewSequenceName(const SC_Id& shotId, bool after) const
+{
+    const Neighbours names = shotNeighbours(
+        *d->project, shotId, after, [](const Shot_t& shot) { return storedSequenceName(shot); });
+    // Two shots that share one record are in the one sequence it names.
+    if (names.prev && names.prev == names.next)
+        return names.prev->value();
+    return getPreferedNewObjName(d->rules().sequenceRules(), names.prev, names.next);
+}
+
+QString KRC_NameHelper::getPreferedNewPanelName(const Shot_t& shot, const SC_Id& panelId, bool after) const
+{
+    Neighbours names;
+    const Panel_t panel = d->project->getPanelByID(panelId);
+    if (panel.isValid() && panel.shot() == shot) {
+        const Panel_t neighbour = after ? d->project->next(panel) : d->project->prev(panel);
+        const bool sameShot = neighbour.isValid() && neighbour.shot() == shot;
+        names = around(storedName(panel), sameShot ? storedName(neighbour) : nullptr, after);
+    }
+    return getPreferedNewObjName(d->rules().panelRules(), names.prev, names.next);
+}
+
+bool KRC_NameHelper::shotNameFollowsRules(const SC_Id& shotId) const
+{
+    const Shot_t shot = d->project->getShotByID(shotId);
+    if (shot.isInvalid())
+        return false;
+    const Shot_t prev = d->project->prev(shot);
+    const Shot_t next = d->project->next(shot);
+    const QString proposal = getPreferedNewObjName(d->rules().shotRules(),
+        prev.isValid() ? storedName(prev) : nullptr, next.isValid() ? storedName(next) : nullptr);
+    return shot.name() == proposal;
 }

@@ -1,22 +1,38 @@
 #pragma once
 
 #include "naming/KRC_NamingRules.h"
+#include "project/ObjectNameHelper.h"
 
 #include <QString>
 #include <QStringList>
 
-class KRC_ObjectName;
+#include <set>
 
-// Name arithmetic of the storyboard: counting in names such as "12", "BA", "A9"
-// or "SC_12", keeping their width and case, and cutting them apart around their
-// numerical part.
+class KRC_KrolleProject;
+class KRC_NameHelperPrivate;
+class KRC_ObjectName;
+class SC_Id;
+
+// The names of the storyboard's objects.
 //
-// Every function here is a pure function of its arguments. A separator is any
-// character that is not an ASCII letter or digit. The functions that split at
-// separators keep one compiled QRegExp each, made on first use; QRegExp keeps
-// match state inside the object, so these functions are for the host's one
-// thread (as is the rest of the library) and must not run concurrently.
-class KRC_NameHelper
+// The static part is name arithmetic, pure functions of their arguments: counting
+// in names such as "12", "BA", "A9" or "SC_12", keeping their width and case,
+// cutting them apart around their numerical part, and proposing the name of a new
+// object between two neighbours. A separator is any character that is not an ASCII
+// letter or digit. The functions that split at separators keep one compiled QRegExp
+// each, made on first use; QRegExp keeps match state inside the object, so these
+// functions are for the host's one thread (as is the rest of the library) and must
+// not run concurrently.
+//
+// The instance part belongs to one project view, which makes it, hands it to every
+// shot and panel as their Krolle::ObjectNameHelper, and deletes it. It computes the
+// auto names of existing objects from their places and the project's naming rules
+// at every request (nothing is cached, so an edit renumbers what follows), and
+// proposes names for new objects. It never writes a name nor resolves a collision:
+// a proposal may equal a neighbour's name, and applying the conflict rules is the
+// caller's business. Without a rules record in the project, it names by the
+// preferences. Threading: the host's thread.
+class KRC_NameHelper : public Krolle::ObjectNameHelper
 {
 public:
     // The name after `name` under counting rule `type` (0 numeric, 1 letters,
@@ -75,4 +91,43 @@ public:
     // name: resolving the collision is the caller's business.
     static QString getPreferedNewObjName(
         const KRC_NamingRules::ObjRules& rules, const KRC_ObjectName* prev, const KRC_ObjectName* next);
+
+public:
+    // The instance part: names of the objects of one project view.
+
+    /// The helper of `project`, which the view makes and owns.
+    explicit KRC_NameHelper(KRC_KrolleProject* project);
+    ~KRC_NameHelper() override;
+    KRC_NameHelper(KRC_NameHelper const&) = delete;
+    KRC_NameHelper& operator=(KRC_NameHelper const&) = delete;
+
+    /// The name of a panel: its custom name, or its auto name numbered inside its
+    /// shot around the custom names (a custom name uses up its place, and no auto
+    /// name repeats a name already taken). Empty for an invalid panel.
+    QString getPanelName(const Krolle::Panel_t& panel) const override;
+    /// The auto name of a shot at its place in the project.
+    QString getSceneName(const Krolle::Shot_t& shot) const override;
+
+    /// The first panel name at or after the 0-based `index` that is not in `taken`.
+    QString getPanelName(int index, const std::set<QString>& taken) const;
+    QString getSceneName(int index) const;
+    QString getSequenceName(int index) const;
+    /// The number `index` + 1, whatever the rules.
+    QString getActName(int index) const;
+
+    /// A name for a new shot after (or before) the shot `shotId`, between it and
+    /// its neighbour on that side.
+    QString getPreferedNewSceneName(const SC_Id& shotId, bool after) const;
+    /// A name for a new sequence beside the shot `shotId`: the sequence name itself
+    /// when both neighbours hold the very same name record.
+    QString getPreferedNewSequenceName(const SC_Id& shotId, bool after) const;
+    /// A name for a new panel of `shot` beside the panel `panelId`; panels of
+    /// other shots do not count.
+    QString getPreferedNewPanelName(const Krolle::Shot_t& shot, const SC_Id& panelId, bool after) const;
+    /// Whether the shot's name is what the rules would propose between its
+    /// neighbours; false for an unknown shot.
+    bool shotNameFollowsRules(const SC_Id& shotId) const;
+
+private:
+    KRC_NameHelperPrivate* d;
 };

@@ -23,6 +23,7 @@ KRC_KrolleProject::KRC_KrolleProject(SC_Project* project)
     }
     // The owned managers are made here, in this order: drawing observer, panel layer
     // manager, tracking manager, name helper.
+    d->nameHelper = new KRC_NameHelper(this);
 }
 
 KRC_KrolleProject::~KRC_KrolleProject()
@@ -31,6 +32,8 @@ KRC_KrolleProject::~KRC_KrolleProject()
     d->clearCaches();
     // The owned managers are deleted here, in this order: panel layer manager,
     // tracking manager, drawing observer, name helper.
+    delete d->nameHelper;
+    d->nameHelper = nullptr;
     delete d;
 }
 
@@ -42,6 +45,11 @@ SC_Project* KRC_KrolleProject::project() const
 KRC_ReferenceToolData* KRC_KrolleProject::referenceToolData() const
 {
     return d->referenceToolData.get();
+}
+
+KRC_NameHelper* KRC_KrolleProject::nameHelper() const
+{
+    return d->nameHelper;
 }
 
 SC_ProjectCommon* KRC_KrolleProject::projectCommon() const

@@ -13,6 +13,8 @@
 #include <vector>
 
 class KRC_KrolleProjectPrivate;
+class KRC_NameHelper;
+class KRC_NamingRules;
 class KRC_ReferenceToolData;
 
 namespace Krolle {
@@ -64,6 +66,11 @@ public:
     QString name() const;
     /// The project's reference tool record, made with the view; null without a project.
     KRC_ReferenceToolData* referenceToolData() const;
+    /// The project's naming rules record, looked up at each call and added to the
+    /// project's records when missing; null without a project.
+    KRC_NamingRules* namingRules() const;
+    /// The view's name helper, which every shot and panel of the view carries.
+    KRC_NameHelper* nameHelper() const;
 
     // Caches.
     /// Drops every cache now.

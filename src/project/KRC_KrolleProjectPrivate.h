@@ -4,6 +4,7 @@
 #include "host/Host.h"
 #include "metadata/KRC_ReferenceToolData.h"
 #include "metadata/PIO_MetadataAccess.h"
+#include "naming/KRC_NameHelper.h"
 #include "project/ObjectCache.h"
 #include "project/Panel_t.h"
 #include "project/Shot_t.h"
@@ -35,9 +36,9 @@ public:
     // The owned managers go here, made in this order after the view's connections:
     // drawing observer, panel layer manager, tracking manager, name helper.
 
-    /// Handed to every shot and panel for its automatic name; owned once the view
-    /// makes its name helper.
-    Krolle::ObjectNameHelper const* nameHelper = nullptr;
+    /// Handed to every shot and panel for its automatic name; made last and deleted
+    /// last of the owned managers.
+    KRC_NameHelper* nameHelper = nullptr;
 
     UT_SharedPtr<SC_Project> project; // dropped last: members go in reverse order
     /// The project's reference tool record, made with the view.

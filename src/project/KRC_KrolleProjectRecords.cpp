@@ -4,6 +4,7 @@
 
 #include "metadata/KRC_SceneInfo.h"
 #include "metadata/PIO_MetadataAccess.h"
+#include "naming/KRC_NamingRules.h"
 #include "naming/KRC_ObjectName.h"
 #include "project/KRC_KrolleProjectPrivate.h"
 
@@ -25,6 +26,12 @@ QString textOf(PIO_MetadataString const* record)
 }
 
 } // namespace
+
+KRC_NamingRules* KRC_KrolleProject::namingRules() const
+{
+    PIO_Metadatas* records = project() ? project()->metadatas() : nullptr;
+    return PIO_MetadataAccess<KRC_NamingRules>::findOrCreate(records, QString());
+}
 
 PIO_MetadataString* KRC_KrolleProject::titleMeta() const
 {
