@@ -6,10 +6,12 @@
 #include "StoryboardPlan.h"
 
 DemoCommand::DemoCommand()
-    : Command(QStringLiteral("demo"), QStringLiteral("build the sample storyboard, save it if asked, and outline it"))
+    : Command(QStringLiteral("demo"),
+        QStringLiteral("build the sample storyboard, save it if asked, and outline it"))
 {
     ArgumentParser& parser = declare();
-    parser.addOption(QStringLiteral("--out"), QStringLiteral("FILE"), QStringLiteral("also save the sample to FILE"));
+    parser.addOption(
+        QStringLiteral("--out"), QStringLiteral("FILE"), QStringLiteral("also save the sample to FILE"));
     parser.setEpilogue(QStringLiteral(
         "The sample has three acts, five sequences, custom and automatic names, shots cut by their\n"
         "time warps and transitions. Save it with --out and try the other commands on it."));

@@ -1,11 +1,15 @@
 #include "KrolleTool.h"
 
 #include "AtCommand.h"
+#include "CheckCommand.h"
 #include "Command.h"
 #include "Console.h"
 #include "DemoCommand.h"
+#include "InsertPanelCommand.h"
+#include "InsertShotCommand.h"
 #include "NewCommand.h"
 #include "OutlineCommand.h"
+#include "RulesCommand.h"
 #include "TextTable.h"
 
 #include <new>
@@ -24,6 +28,10 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new NewCommand);
     m_commands.emplace_back(new OutlineCommand);
     m_commands.emplace_back(new AtCommand);
+    m_commands.emplace_back(new RulesCommand);
+    m_commands.emplace_back(new InsertShotCommand);
+    m_commands.emplace_back(new InsertPanelCommand);
+    m_commands.emplace_back(new CheckCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

@@ -1,6 +1,7 @@
 #include "StoryboardPlan.h"
 
 #include "NameWriter.h"
+#include "NamingRulesEditor.h"
 #include "ProgressBar.h"
 #include "ProjectDocument.h"
 #include "ToolError.h"
@@ -79,7 +80,8 @@ StoryboardPlan StoryboardPlan::generated(const GeneratorSettings& settings)
 StoryboardPlan StoryboardPlan::demo()
 {
     StoryboardPlan plan;
-    // Shot names count by ten, as many studios do; automatic ones are positions.
+    // Shot names count by ten, as many studios do, so that a shot inserted later finds a
+    // free name between two others; the last shot keeps an automatic name (its position).
     plan.m_ruleSettings = QStringList { QStringLiteral("shot.autoIncrementRule=by-n"),
         QStringLiteral("shot.autoIncrementValue=10") };
     struct Row
@@ -94,18 +96,18 @@ StoryboardPlan StoryboardPlan::demo()
         { "S[12,10,14,8]", "Opening", "SQ010", "SH010", {} },
         { "S[16,12,12]", "Opening", "SQ010", "SH020", {} },
         { "T6", nullptr, nullptr, nullptr, {} },
-        { "S[10,10,10,10,10]~6:44=39", "Opening", "SQ010", nullptr, {} },
-        { "S[20,12]", "Opening", "SQ020", "SH010", {} },
-        { "S[8,8,8,8]", "Opening", "SQ020", "SH020", { QString(), QStringLiteral("2A") } },
+        { "S[10,10,10,10,10]~6:44=39", "Opening", "SQ010", "SH030", {} },
+        { "S[20,12]", "Opening", "SQ020", "SH040", {} },
+        { "S[8,8,8,8]", "Opening", "SQ020", "SH050", { QString(), QStringLiteral("2A") } },
         { "T8:wipe,90", nullptr, nullptr, nullptr, {} },
-        { "S[24,12,12]", "Conflict", "SQ030", "SH010", {} },
-        { "S[6,6,6,6,6,6]", "Conflict", "SQ030", nullptr, {} },
-        { "S[10,10,10]~4:24=21", "Conflict", "SQ030", "SH030", {} },
+        { "S[24,12,12]", "Conflict", "SQ030", "SH060", {} },
+        { "S[6,6,6,6,6,6]", "Conflict", "SQ030", "SH070", {} },
+        { "S[10,10,10]~4:24=21", "Conflict", "SQ030", "SH080", {} },
         { "T4", nullptr, nullptr, nullptr, {} },
-        { "S[30,10,20]", "Resolution", "SQ040", "SH010", {} },
-        { "S[10,10,10,10]", "Resolution", "SQ040", "SH020", {} },
-        { "S[18,18]", "Resolution", "SQ040", "SH030", {} },
-        { "S[14,10,16]", "Resolution", "SQ050", "SH010", {} },
+        { "S[30,10,20]", "Resolution", "SQ040", "SH090", {} },
+        { "S[10,10,10,10]", "Resolution", "SQ040", "SH100", {} },
+        { "S[18,18]", "Resolution", "SQ040", "SH110", {} },
+        { "S[14,10,16]", "Resolution", "SQ050", nullptr, {} },
     };
     QStringList tokens;
     for (const Row& row : rows) {
@@ -143,9 +145,8 @@ void StoryboardPlan::buildTimeline(ProjectDocument& document) const
 void StoryboardPlan::applyNames(ProjectDocument& document) const
 {
     KRC_KrolleProject& view = document.view();
-    if (!m_ruleSettings.isEmpty()) {
-        // The naming rules record comes with the view's namingRules().
-    }
+    if (!m_ruleSettings.isEmpty())
+        NamingRulesEditor(*view.namingRules()).apply(m_ruleSettings);
     view.sequenceExistsMeta()->setValue(m_sequences);
     ProgressBar progress(QStringLiteral("naming shots"), static_cast<unsigned long long>(m_shots.size()));
     Krolle::Shot_t shot = view.first(Krolle::Shot_t::invalid);

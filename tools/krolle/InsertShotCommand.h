@@ -1,0 +1,17 @@
+// krolle insert-shot: inserts a shot beside a named one.
+#pragma once
+
+#include "Command.h"
+
+// Inserts a shot through the engine's authoring API after or before a shot
+// found by name. The new shot joins that shot's act and sequence; its name is
+// the library's proposal for a shot between its neighbours, custom only where
+// the naming rules give one, automatic otherwise. Then saves the file.
+class InsertShotCommand : public Command
+{
+public:
+    InsertShotCommand();
+
+protected:
+    ExitStatus run(const ArgumentValues& arguments) override;
+};
