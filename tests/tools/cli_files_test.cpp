@@ -31,7 +31,9 @@ TEST_P(BadFile, IsRefusedWithItsPlace)
         sandbox.write(QStringLiteral("project.xml"), QByteArray(c.content));
     // Every command that reads a file refuses it the same way.
     for (const QStringList& arguments :
-        { QStringList { "outline", "project.xml" }, QStringList { "at", "project.xml", "1" } }) {
+        { QStringList { "outline", "project.xml" }, QStringList { "at", "project.xml", "1" },
+            QStringList { "check", "project.xml" }, QStringList { "rules", "project.xml" },
+            QStringList { "insert-shot", "project.xml", "--after", "A" } }) {
         const ToolRun run = sandbox.run(arguments);
         EXPECT_EQ(run.exitCode, 2) << arguments.join(' ').toStdString();
         EXPECT_EQ(run.err.toStdString(),

@@ -48,6 +48,14 @@ const UsageCase kUsageCases[] = {
         "krolle new: --shots needs a whole number from 1 to 100000, not 'ten' (see krolle new --help)\n" },
     { "range that depends on another option", { "new", "a.krl", "--shots", "3", "--acts", "4" }, 64,
         "krolle new: --acts needs a whole number from 0 to 3, not '4' (see krolle new --help)\n" },
+    { "frame that is no frame", { "at", "a.xml", "0" }, 64,
+        "krolle at: FRAME needs a whole number from 1 to 4294967294, not '0' (see krolle at --help)\n" },
+    { "choice outside its list", { "at", "a.xml", "3", "--prefer", "both" }, 64,
+        "krolle at: --prefer must be one of previous, next, not 'both' (see krolle at --help)\n" },
+    { "frame rate out of range", { "outline", "a.xml", "--fps", "0" }, 64,
+        "krolle outline: --fps needs a whole number from 1 to 1000, not '0' (see krolle outline --help)\n" },
+    { "neither side given", { "insert-shot", "a.xml" }, 64,
+        "krolle insert-shot: give exactly one of --after, --before (see krolle insert-shot --help)\n" },
     { "flag given a value", { "new", "a.krl", "--force=yes" }, 64,
         "krolle new: --force takes no value (see krolle new --help)\n" },
 };
@@ -69,7 +77,8 @@ TEST(ToolCommandLine, HelpOfTheToolAndOfEachCommandGoesToStandardOutput)
     const ToolRun tool = sandbox.run({ "--help" });
     EXPECT_EQ(tool.exitCode, 0);
     EXPECT_EQ(tool.out, goldenText(QStringLiteral("help.txt"), tool.out));
-    for (const QString& command : QStringList { "demo", "new" }) {
+    for (const QString& command :
+        QStringList { "demo", "new", "outline", "at", "rules", "insert-shot", "insert-panel", "check" }) {
         const ToolRun help = sandbox.run({ command, "--help" });
         EXPECT_EQ(help.exitCode, 0) << command.toStdString();
         EXPECT_TRUE(help.out.startsWith(QStringLiteral("usage: krolle %1").arg(command)))

@@ -1,0 +1,299 @@
+// The commands on small projects: golden table and JSON forms, edits, checks and generation.
+#include "ToolProcess.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QStringList kSmall { "new", "small.xml", "--shots", "3", "--panels-per-shot", "2", "--transition-every",
+    "2", "--acts", "2", "--sequences", "2", "--seed", "7" };
+
+QJsonObject jsonOf(const ToolRun& run)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(run.out.toUtf8(), &error);
+    EXPECT_EQ(error.error, QJsonParseError::NoError) << error.errorString().toStdString();
+    return document.object();
+}
+
+// The names of the shots of an outline document, in order.
+QStringList shotNames(const QJsonObject& outline)
+{
+    QStringList names;
+    for (const QJsonValue& shot : outline.value("shots").toArray())
+        names << shot.toObject().value("name").toString();
+    return names;
+}
+
+class ToolCommands : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_EQ(sandbox.run(kSmall).exitCode, 0);
+        ASSERT_EQ(sandbox.run({ "demo", "--out", "demo.xml" }).exitCode, 0);
+    }
+
+    // Runs a command that must succeed and must print nothing on standard error.
+    ToolRun ok(const QStringList& arguments)
+    {
+        const ToolRun run = sandbox.run(arguments);
+        EXPECT_EQ(run.exitCode, 0) << arguments.join(' ').toStdString() << ": " << run.err.toStdString();
+        EXPECT_TRUE(run.err.isEmpty()) << run.err.toStdString();
+        return run;
+    }
+
+    // Runs the command and compares standard output with a golden file.
+    void expectGolden(const QStringList& arguments, const QString& golden)
+    {
+        const ToolRun run = ok(arguments);
+        EXPECT_EQ(run.out, goldenText(golden, run.out)) << arguments.join(' ').toStdString();
+    }
+
+    ToolSandbox sandbox;
+};
+
+TEST_F(ToolCommands, GoldenOutputs)
+{
+    const struct
+    {
+        QStringList arguments;
+        const char* golden;
+    } cases[] = {
+        { { "demo" }, "demo.txt" },
+        { { "outline", "small.xml", "--fps", "24" }, "outline_small.txt" },
+        { { "outline", "small.xml", "--json", "--fps", "25" }, "outline_small.json" },
+        { { "at", "small.xml", "50" }, "at_transition.txt" },
+        { { "at", "small.xml", "50", "--prefer", "next", "--json", "--fps", "24" },
+            "at_transition_next.json" },
+        { { "at", "demo.xml", "160", "--json" }, "at_panel.json" },
+        { { "rules", "demo.xml" }, "rules_demo.txt" },
+        { { "check", "demo.xml" }, "check_demo.txt" },
+    };
+    for (const auto& c : cases)
+        expectGolden(c.arguments, QString::fromLatin1(c.golden));
+}
+
+TEST_F(ToolCommands, TheJsonOutlineAgreesWithTheLibraryCounts)
+{
+    const QJsonObject outline = jsonOf(ok({ "outline", "demo.xml", "--json" }));
+    EXPECT_EQ(outline.value("krolle").toString(), "outline");
+    EXPECT_EQ(outline.value("schema").toInt(), 1);
+    const QJsonObject counts = outline.value("counts").toObject();
+    int panels = 0;
+    for (const QJsonValue& shot : outline.value("shots").toArray())
+        panels += shot.toObject().value("panels").toArray().size();
+    EXPECT_EQ(outline.value("shots").toArray().size(), counts.value("shots").toInt());
+    EXPECT_EQ(panels, counts.value("panels").toInt());
+    EXPECT_EQ(outline.value("transitions").toArray().size(), counts.value("transitions").toInt());
+    EXPECT_EQ(outline.value("acts").toArray().size(), counts.value("acts").toInt());
+    EXPECT_EQ(outline.value("sequences").toArray().size(), counts.value("sequences").toInt());
+    // What the sample promises.
+    EXPECT_GE(counts.value("shots").toInt(), 10);
+    EXPECT_GE(counts.value("panels").toInt(), 40);
+    EXPECT_GE(counts.value("acts").toInt(), 2);
+    EXPECT_GE(counts.value("sequences").toInt(), 2);
+    EXPECT_GE(counts.value("transitions").toInt(), 1);
+}
+
+TEST_F(ToolCommands, NewMakesWhatItIsAskedForAndTheSameSeedTheSameFile)
+{
+    const ToolRun made = ok({ "new", "a.xml", "--shots", "25", "--panels-per-shot", "3", "--transition-every",
+        "5", "--acts", "3", "--sequences", "0", "--seed", "42" });
+    EXPECT_EQ(made.out,
+        QStringLiteral("wrote a.xml: 3 acts, 0 sequences, 25 shots, 75 panels, 4 transitions, "
+                       "%1 frames\n")
+            .arg(jsonOf(ok({ "outline", "a.xml", "--json" }))
+                     .value("counts")
+                     .toObject()
+                     .value("frames")
+                     .toInt()));
+    const QJsonObject outline = jsonOf(ok({ "outline", "a.xml", "--json" }));
+    EXPECT_FALSE(outline.value("sequencesExist").toBool());
+    EXPECT_TRUE(outline.value("sequences").toArray().isEmpty());
+    EXPECT_EQ(outline.value("shots").toArray().first().toObject().value("sequence"), QJsonValue());
+    ok({ "new", "b.xml", "--shots", "25", "--panels-per-shot", "3", "--transition-every", "5", "--acts", "3",
+        "--sequences", "0", "--seed", "42" });
+    EXPECT_EQ(sandbox.read("a.xml"), sandbox.read("b.xml"));
+    ok({ "new", "c.xml", "--shots", "25", "--panels-per-shot", "3", "--seed", "43" });
+    EXPECT_NE(sandbox.read("a.xml"), sandbox.read("c.xml"));
+}
+
+TEST_F(ToolCommands, AFrameOutsideTheShotsIsAFinding)
+{
+    const ToolRun run = sandbox.run({ "at", "small.xml", "88" });
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.err,
+        QStringLiteral("krolle at: frame 88 is outside the shots of small.xml, which end at frame 87\n"));
+    EXPECT_TRUE(run.out.isEmpty());
+}
+
+TEST_F(ToolCommands, InsertedShotsTakeTheProposedNameAndTheirNeighboursGroups)
+{
+    const ToolRun run
+        = ok({ "insert-shot", "demo.xml", "--after", "SH060", "--panels", "2", "--length", "10" });
+    EXPECT_EQ(run.out,
+        QStringLiteral("inserted shot 7 \"SH065\" (custom name, frames 222-241) after shot 6 \"SH060\"; "
+                       "saved demo.xml\n"));
+    const QJsonObject shot
+        = jsonOf(ok({ "outline", "demo.xml", "--json" })).value("shots").toArray().at(6).toObject();
+    EXPECT_EQ(shot.value("name").toString(), "SH065");
+    EXPECT_TRUE(shot.value("custom").toBool());
+    EXPECT_EQ(shot.value("act").toString(), "Conflict");
+    EXPECT_EQ(shot.value("sequence").toString(), "SQ030");
+    EXPECT_EQ(shot.value("panels").toArray().size(), 2);
+    EXPECT_EQ(shot.value("length").toInt(), 20);
+
+    // Before an automatically named shot the rules propose nothing: the new shot stays automatic.
+    ok({ "insert-shot", "small.xml", "--before", "1" });
+    const QJsonObject small = jsonOf(ok({ "outline", "small.xml", "--json" }));
+    EXPECT_EQ(shotNames(small), QStringList({ "1", "2", "3", "4" }));
+    EXPECT_FALSE(small.value("shots").toArray().first().toObject().value("custom").toBool());
+}
+
+TEST_F(ToolCommands, InsertedPanelsAreNamedInsideTheirShot)
+{
+    EXPECT_EQ(ok({ "insert-panel", "demo.xml", "--shot", "SH050", "--after", "2A" }).out,
+        QStringLiteral(
+            "inserted panel 3 \"2B\" of shot 5 \"SH050\" (custom name, frames 166-177) after panel 2 "
+            "\"2A\" of shot 5 \"SH050\"; saved demo.xml\n"));
+    EXPECT_EQ(ok({ "insert-panel", "demo.xml", "--shot", "SH050", "--before", "1", "--length", "5" }).out,
+        QStringLiteral("inserted panel 1 \"1\" of shot 5 \"SH050\" (automatic name, frames 150-154) before "
+                       "panel 2 \"2\" of shot 5 \"SH050\"; saved demo.xml\n"));
+    const QJsonObject shot
+        = jsonOf(ok({ "outline", "demo.xml", "--json" })).value("shots").toArray().at(4).toObject();
+    QStringList panels;
+    for (const QJsonValue& panel : shot.value("panels").toArray())
+        panels << panel.toObject().value("name").toString();
+    // Automatic names count positions and step over the names that custom ones hold.
+    EXPECT_EQ(panels, QStringList({ "1", "2", "2A", "2B", "5", "6" }));
+}
+
+TEST_F(ToolCommands, RefusedEditsLeaveTheFileAsItWas)
+{
+    const QByteArray before = sandbox.read("demo.xml");
+    const struct
+    {
+        QStringList arguments;
+        int exitCode;
+        const char* message;
+    } cases[] = {
+        { { "insert-shot", "demo.xml", "--after", "SH020" }, 1,
+            "krolle insert-shot: cannot insert a shot after shot 2 \"SH020\": junction 2 holds a "
+            "transition\n" },
+        { { "insert-shot", "demo.xml", "--after", "SH999" }, 1,
+            "krolle insert-shot: no shot is named \"SH999\"\n" },
+        { { "insert-shot", "demo.xml", "--after", "SH010", "--sequence", "SQ020" }, 1,
+            "krolle insert-shot: no shot is named \"SH010\" in sequence \"SQ020\"\n" },
+        { { "insert-shot", "demo.xml", "--after", "SH010", "--before", "SH020" }, 64,
+            "krolle insert-shot: give exactly one of --after, --before (see krolle insert-shot --help)\n" },
+        { { "insert-panel", "demo.xml", "--shot", "SH050", "--after", "9" }, 1,
+            "krolle insert-panel: no panel of shot 5 \"SH050\" is named \"9\"\n" },
+        { { "insert-panel", "demo.xml", "--after", "1" }, 64,
+            "krolle insert-panel: missing --shot NAME (see krolle insert-panel --help)\n" },
+        { { "rules", "demo.xml", "--set", "shot.numberOfZeros=3", "shot.colour=red" }, 64,
+            "krolle rules: unknown naming rule 'shot.colour' (see krolle rules --help)\n" },
+        { { "rules", "demo.xml", "--set", "shot.autoIncrementValue=0" }, 64,
+            "krolle rules: shot.autoIncrementValue takes a whole number from 1 to 1000000, not '0' (see "
+            "krolle rules "
+            "--help)\n" },
+        { { "rules", "demo.xml", "--set", "panel.autoIncrementRule=roman" }, 64,
+            "krolle rules: panel.autoIncrementRule takes one of numeric, alpha, alpha-z-prefix, "
+            "alpha-z-repeat, by-n "
+            "(or 0 to 4), not 'roman' (see krolle rules --help)\n" },
+        { { "rules", "demo.xml", "--set", "enabledAct" }, 64,
+            "krolle rules: 'enabledAct' is not of the form KEY=VALUE (see krolle rules --help)\n" },
+    };
+    for (const auto& c : cases) {
+        const ToolRun run = sandbox.run(c.arguments);
+        EXPECT_EQ(run.exitCode, c.exitCode) << c.arguments.join(' ').toStdString();
+        EXPECT_EQ(run.err, QString::fromUtf8(c.message));
+        EXPECT_EQ(sandbox.read("demo.xml"), before) << c.arguments.join(' ').toStdString();
+    }
+}
+
+TEST_F(ToolCommands, SettingARuleTurnsTheOverrideOnAndKeepsTheOtherValues)
+{
+    const QJsonObject preferences = jsonOf(ok({ "rules", "small.xml", "--json" })).value("rules").toObject();
+    EXPECT_FALSE(preferences.value("overloadingPref").toBool());
+    const QJsonObject set = jsonOf(ok({ "rules", "small.xml", "--json", "--set",
+                                       "shot.automaticLeadingZeros=true", "shot.numberOfZeros=3" }))
+                                .value("rules")
+                                .toObject();
+    EXPECT_TRUE(set.value("overloadingPref").toBool());
+    QJsonObject expected = preferences;
+    QJsonObject shot = expected.value("shot").toObject();
+    shot.insert("automaticLeadingZeros", true);
+    shot.insert("numberOfZeros", 3);
+    expected.insert("shot", shot);
+    expected.insert("overloadingPref", true);
+    EXPECT_EQ(set, expected);
+    // The file keeps it, and the names follow.
+    EXPECT_EQ(jsonOf(ok({ "rules", "small.xml", "--json" })).value("rules").toObject(), expected);
+    EXPECT_EQ(
+        shotNames(jsonOf(ok({ "outline", "small.xml", "--json" }))), QStringList({ "001", "002", "003" }));
+    // Turning the override off brings the preferences back.
+    ok({ "rules", "small.xml", "--set", "overloadingPref=false" });
+    EXPECT_EQ(shotNames(jsonOf(ok({ "outline", "small.xml", "--json" }))), QStringList({ "1", "2", "3" }));
+}
+
+TEST_F(ToolCommands, RulesInForceComeFromThePreferencesUntilOverridden)
+{
+    sandbox.write("prefs.txt",
+        "bool ST_SHOT_NAME_AUTOMATIC_LEADING_ZEROS = true\nint ST_SHOT_NAME_NUMBER_OF_ZEROS = 4\n");
+    sandbox.setEnvironment("KROLLE_PREFERENCES", sandbox.path("prefs.txt"));
+    EXPECT_EQ(
+        shotNames(jsonOf(ok({ "outline", "small.xml", "--json" }))), QStringList({ "0001", "0002", "0003" }));
+    const QJsonObject shot
+        = jsonOf(ok({ "rules", "small.xml", "--json" })).value("rules").toObject().value("shot").toObject();
+    EXPECT_EQ(shot.value("numberOfZeros").toInt(), 4);
+    // The demo's record overrides the preferences: its names do not move.
+    EXPECT_EQ(shotNames(jsonOf(ok({ "outline", "demo.xml", "--json" }))).first(), "SH010");
+}
+
+TEST_F(ToolCommands, CheckReportsWhatIsWrong)
+{
+    const QByteArray demo = sandbox.read("demo.xml");
+    const struct
+    {
+        const char* title;
+        QByteArray from;
+        QByteArray to;
+        const char* finding;
+    } cases[] = {
+        { "shot name used twice in a sequence", "name=\"SH020\"", "name=\"SH010\"",
+            "demo.xml: shot 2 \"SH010\": the name is also used by shot 1 \"SH010\" in the same sequence\n" },
+        { "empty custom name", "name=\"SH040\" nameFlag=\"2\"", "name=\"\" nameFlag=\"2\"",
+            "demo.xml: shot 4 \"\": its info record holds an empty custom name\n" },
+        { "name off the rules", "name=\"SH100\"", "name=\"SH105\"",
+            "demo.xml: shot 10 \"SH105\": the name does not follow the shot naming rules between its "
+            "neighbours\n" },
+        { "sequence name back after another", "sequenceName=\"SQ040\"", "sequenceName=\"SQ010\"",
+            "demo.xml: the sequence \"SQ010\" starting at shot 9 \"SH090\" is separate from the sequence of "
+            "the same "
+            "name starting at shot 1 \"SH010\"\n" },
+        { "impossible rule", "autoIncrementRule=\"4\" sceneNameIncrementValue=\"10\"",
+            "autoIncrementRule=\"4\" sceneNameIncrementValue=\"0\"",
+            "demo.xml: the shot naming rules count by steps of 0, which makes no names\n" },
+    };
+    for (const auto& c : cases) {
+        QByteArray damaged = demo;
+        const int at = damaged.indexOf(c.from);
+        ASSERT_GE(at, 0) << c.title;
+        damaged.replace(at, c.from.size(), c.to);
+        sandbox.write("damaged.xml", damaged);
+        const ToolRun run = sandbox.run({ "check", "damaged.xml" });
+        EXPECT_EQ(run.exitCode, 1) << c.title;
+        EXPECT_TRUE(run.out.contains(QString::fromUtf8(c.finding).replace("demo.xml", "damaged.xml")))
+            << c.title << "\n"
+            << run.out.toStdString();
+        const QJsonArray findings
+            = jsonOf(sandbox.run({ "check", "damaged.xml", "--json" })).value("findings").toArray();
+        EXPECT_FALSE(findings.isEmpty()) << c.title;
+    }
+}
+
+} // namespace
