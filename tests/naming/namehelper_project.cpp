@@ -4,6 +4,8 @@
 #include "naming/KRC_NameHelper.h"
 
 #include "host/engine/HostAuthoring.h"
+#include "host/engine/HostProjectFile.h"
+#include "metadata/KRC_MetadataFactory.h"
 #include "support/ProjectBoard.h"
 #include "support/ScopedPreferences.h"
 
@@ -151,6 +153,57 @@ INSTANTIATE_TEST_SUITE_P(Rows, PanelNamesAroundCustomNames,
         AroundCustomRow { { nullptr, nullptr, "2", nullptr }, { "1", "3", "2", "4" } },
         AroundCustomRow { { "", nullptr }, { "", "2" } },
         AroundCustomRow { { nullptr, "B", nullptr }, { "1", "B", "3" } }));
+
+TEST(ProjectNames, TheProjectKeepsOneRulesRecord)
+{
+    Names names("S[1]");
+    KRC_NamingRules* rules = names.view().namingRules();
+    ASSERT_NE(rules, nullptr);
+    EXPECT_EQ(names.view().namingRules(), rules);
+    EXPECT_TRUE(names.board.project()->metadatas()->contains(rules));
+    EXPECT_FALSE(rules->overloadingPref());
+
+    KRC_KrolleProject without(nullptr);
+    EXPECT_EQ(without.namingRules(), nullptr);
+    ASSERT_NE(without.nameHelper(), nullptr);
+    // Without a project's record the helper names by the preferences.
+    names.prefs->setIntValue(QStringLiteral("ST_SHOT_NAME_AUTO_INCREMENT_RULE"), 1);
+    EXPECT_EQ(without.nameHelper()->getSceneName(2), QStringLiteral("C"));
+}
+
+TEST(ProjectNames, NamesAndRulesSurviveASaveAndReload)
+{
+    Names names("S[1,1,1] S[1,1]");
+    names.makeShotsAuto();
+    names.nameShot(1, "SH");
+    names.namePanel(0, 1, "B");
+    KRC_NamingRules::ObjRules& panels = names.overriding(names.rules().panelRules(), 1);
+    panels.setAutomaticLeadingZeros(true);
+    panels.setNumberOfZeros(2);
+    const QStringList shots = names.shotNames();
+    const QStringList firstPanels = names.panelNames(0);
+    ASSERT_EQ(shots, list({ "1", "SH" }));
+    ASSERT_EQ(firstPanels, list({ "0A", "B", "0C" }));
+
+    KRC_MetadataFactory::createInstance();
+    QString error;
+    UT_SharedPtr<SC_Project> loaded
+        = HostProjectFile::fromXml(HostProjectFile::toXml(names.board.project()), &error);
+    ASSERT_TRUE(loaded) << error.toStdString();
+    // The preferences say otherwise now; the reloaded record still overrides them.
+    names.prefs->setIntValue(QStringLiteral("ST_PANEL_NAME_AUTO_INCREMENT_RULE"), 0);
+    KRC_KrolleProject view(loaded.get());
+    ASSERT_NE(view.namingRules(), nullptr);
+    EXPECT_TRUE(*view.namingRules() == names.rules());
+    QStringList reloadedShots;
+    for (auto it = view.beginShot(), end = view.endShot(); it != end; ++it)
+        reloadedShots << it->name();
+    EXPECT_EQ(reloadedShots, shots);
+    QStringList reloadedPanels;
+    for (auto it = view.beginPanel(), end = view.endPanel(); it != end; ++it)
+        reloadedPanels << it->name();
+    EXPECT_EQ(reloadedPanels, firstPanels + list({ "0A", "0B" }));
+}
 
 TEST(ProjectNames, PanelNamesFollowThePreferencesThenTheOverridingRecord)
 {
