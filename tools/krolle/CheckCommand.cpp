@@ -4,6 +4,7 @@
 #include "NamedObjects.h"
 #include "ProjectDocument.h"
 #include "ProjectSummary.h"
+#include "Wording.h"
 
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_SceneInfo.h"
@@ -177,11 +178,12 @@ ExitStatus CheckCommand::run(const ArgumentValues& arguments)
         for (const QJsonValue& finding : found)
             text += QStringLiteral("%1: %2\n")
                         .arg(document.path(), finding.toObject().value(QStringLiteral("message")).toString());
-        text += QStringLiteral("%1: %2 in %3 shots and %4 panels\n")
-                    .arg(document.path(),
-                        found.isEmpty() ? QStringLiteral("no findings")
-                                        : QStringLiteral("%1 finding(s)").arg(found.size()),
-                        QString::number(shots), QString::number(panels));
+        text
+            += QStringLiteral("%1: %2 in %3 and %4\n")
+                   .arg(document.path(),
+                       found.isEmpty() ? QStringLiteral("no findings")
+                                       : Wording::counted(found.size(), "finding", "findings"),
+                       Wording::counted(shots, "shot", "shots"), Wording::counted(panels, "panel", "panels"));
         Console::out(text);
     }
     return found.isEmpty() ? ExitStatus::Success : ExitStatus::Findings;

@@ -1,15 +1,8 @@
 #include "ProjectSummary.h"
 
+#include "Wording.h"
+
 #include "project/KRC_KrolleProject.h"
-
-namespace {
-
-QString counted(unsigned count, const char* singular, const char* plural)
-{
-    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? singular : plural));
-}
-
-} // namespace
 
 ProjectSummary::ProjectSummary(const KRC_KrolleProject& view)
     : m_acts(view.actCount())
@@ -44,7 +37,7 @@ QString ProjectSummary::describe(const QJsonObject& counts)
               { "frames", "frame", "frames" } };
     QStringList parts;
     for (const auto& words : kWords)
-        parts << counted(
+        parts << Wording::counted(
             static_cast<unsigned>(counts.value(QLatin1String(words[0])).toInt()), words[1], words[2]);
     return parts.join(QStringLiteral(", "));
 }

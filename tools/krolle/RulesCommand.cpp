@@ -4,6 +4,7 @@
 #include "NamingRulesEditor.h"
 #include "ProjectDocument.h"
 #include "TextTable.h"
+#include "Wording.h"
 
 #include "naming/KRC_NamingRules.h"
 #include "project/KRC_KrolleProject.h"
@@ -62,8 +63,8 @@ ExitStatus RulesCommand::run(const ArgumentValues& arguments)
     }
     QString text;
     if (!settings.isEmpty())
-        text += QStringLiteral("saved %1 with %2 rule(s) set\n")
-                    .arg(document.path(), QString::number(settings.size()));
+        text += QStringLiteral("saved %1 with %2 set\n")
+                    .arg(document.path(), Wording::counted(settings.size(), "rule", "rules"));
     text += QStringLiteral("naming rules of %1, from %2:\n\n").arg(document.path(), editor.source());
     Console::out(text + editor.table().toString());
     return ExitStatus::Success;
