@@ -1,13 +1,6 @@
 #include "metadata/PanelInfoMetadataReader.h"
 
-#include "metadata/KRC_PanelInfo.h"
-
 QString const PanelInfoMetadataReader::kExportFlag = QStringLiteral("exportFlag");
-
-PanelInfoMetadataReader::PanelInfoMetadataReader(KRC_PanelInfo* record)
-    : ObjInfoMetadataReader(record)
-{
-}
 
 UT_SharedPtr<PIO_XML::ComponentReader> PanelInfoMetadataReader::handleStartElement(
     PIO_ReadingContext&, QString const& elementName, QXmlAttributes const& attributes)

@@ -1,9 +1,8 @@
 // Reader of the "panelInfo" record.
 #pragma once
 
+#include "metadata/KRC_PanelInfo.h"
 #include "metadata/ObjInfoMetadataReader.h"
-
-class KRC_PanelInfo;
 
 /// Fills a KRC_PanelInfo from its element "panelInfo" (other elements are ignored): the
 /// name, its flag and the export flag, numbers unchecked, so a file without "exportFlag"
@@ -15,7 +14,10 @@ public:
     /// "exportFlag".
     static QString const kExportFlag;
 
-    explicit PanelInfoMetadataReader(KRC_PanelInfo* record);
+    explicit PanelInfoMetadataReader(KRC_PanelInfo* record)
+        : ObjInfoMetadataReader(record)
+    {
+    }
 
     UT_SharedPtr<PIO_XML::ComponentReader> handleStartElement(
         PIO_ReadingContext& context, QString const& elementName, QXmlAttributes const& attributes) override;

@@ -1,16 +1,9 @@
 #include "metadata/SceneInfoMetadataReader.h"
 
-#include "metadata/KRC_SceneInfo.h"
-
 KRC_ObjInfo::NameAttributes const SceneInfoMetadataReader::kSequenceName { QStringLiteral("sequenceName"),
     QStringLiteral("sequenceNameFlag") };
 KRC_ObjInfo::NameAttributes const SceneInfoMetadataReader::kActName { QStringLiteral("actName"),
     QStringLiteral("actNameFlag") };
-
-SceneInfoMetadataReader::SceneInfoMetadataReader(KRC_SceneInfo* record)
-    : ObjInfoMetadataReader(record)
-{
-}
 
 UT_SharedPtr<PIO_XML::ComponentReader> SceneInfoMetadataReader::handleStartElement(
     PIO_ReadingContext&, QString const& elementName, QXmlAttributes const& attributes)

@@ -1,9 +1,8 @@
 // Reader of the "sceneInfo" record.
 #pragma once
 
+#include "metadata/KRC_SceneInfo.h"
 #include "metadata/ObjInfoMetadataReader.h"
-
-class KRC_SceneInfo;
 
 /// Fills a KRC_SceneInfo from its element "sceneInfo" (other elements are ignored): all
 /// six attributes are read first, flags unchecked, then the three names are stored. A
@@ -18,7 +17,10 @@ public:
     /// "actName", "actNameFlag".
     static KRC_ObjInfo::NameAttributes const kActName;
 
-    explicit SceneInfoMetadataReader(KRC_SceneInfo* record);
+    explicit SceneInfoMetadataReader(KRC_SceneInfo* record)
+        : ObjInfoMetadataReader(record)
+    {
+    }
 
     UT_SharedPtr<PIO_XML::ComponentReader> handleStartElement(
         PIO_ReadingContext& context, QString const& elementName, QXmlAttributes const& attributes) override;
