@@ -144,7 +144,7 @@ TEST(PdfOptions, ReadingReplacesAndCloneIsFresh)
 {
     KRC_PdfOptions source("named", "someone", "0.1");
     fill(source.pdfOptions());
-    source.componentReader()->DecRef(); // a reader is made on an empty record
+    UT_SharedPtr<PIO_XML::ComponentReader>(source.componentReader()); // a reader is made on an empty record
     EXPECT_EQ(source.pdfOptions().propertiesCount(), 0u);
 
     fill(source.pdfOptions());
