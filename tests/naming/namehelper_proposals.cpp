@@ -1,9 +1,8 @@
 // Names under a set of rules: getName(rules, index), getLeadingSpaces, canModifyName,
-// and the proposal for a new object between two neighbours, getPreferedNewObjName.
+// the name between two neighbours, getBaseName(prev, next, ...), and the proposal for a
+// new object, getPreferedNewObjName.
 #include "naming/KRC_NameHelper.h"
 #include "naming/KRC_ObjectName.h"
-
-#include "support/ScopedPreferences.h"
 
 #include <gtest/gtest.h>
 
@@ -11,18 +10,19 @@
 
 namespace {
 
-// Panel rules that answer from their stored values.
+using H = KRC_NameHelper;
+
+// Panel rules that answer from their stored values; a width of -1 turns the zeros off.
 class StoredRules
 {
 public:
     StoredRules(int rule, int width = -1, int step = 10)
     {
         m_record.setOverloadingPref(true);
-        KRC_NamingRules::ObjRules& rules = m_record.panelRules();
-        rules.setAutoIncrementRule(KRC_NamingRules::NameRule_t(rule));
-        rules.setAutoIncrementValue(step);
-        rules.setAutomaticLeadingZeros(width >= 0);
-        rules.setNumberOfZeros(width < 0 ? 5 : width);
+        rules().setAutoIncrementRule(KRC_NamingRules::NameRule_t(rule));
+        rules().setAutoIncrementValue(step);
+        rules().setAutomaticLeadingZeros(width >= 0);
+        rules().setNumberOfZeros(width < 0 ? 5 : width);
     }
     KRC_NamingRules::ObjRules& rules() { return m_record.panelRules(); }
 
@@ -30,146 +30,118 @@ private:
     KRC_NamingRules m_record;
 };
 
-KRC_ObjectName objectName(const char* value, bool custom)
+// Neighbours of a proposal; null values stand for no neighbour.
+struct Pair
 {
-    KRC_ObjectName name;
-    name.setValue(QString::fromLatin1(value));
-    name.setFlag(custom ? KRC_ObjectName::kCustom : 0);
-    return name;
+    Pair(const char* prevValue, const char* nextValue, const char* custom)
+    {
+        set(prev, prevValue, custom[0] == 'c');
+        set(next, nextValue, custom[1] == 'c');
+    }
+    static void set(std::optional<KRC_ObjectName>& name, const char* value, bool custom)
+    {
+        if (!value)
+            return;
+        name.emplace();
+        name->setValue(QString::fromLatin1(value));
+        name->setFlag(custom ? KRC_ObjectName::kCustom : 0);
+    }
+    std::optional<KRC_ObjectName> prev, next;
+    const KRC_ObjectName* p() const { return prev ? &*prev : nullptr; }
+    const KRC_ObjectName* n() const { return next ? &*next : nullptr; }
+};
+
+struct Row
+{
+    int rule, width;
+    const char *prev, *next;
+    const char* expected; // null: a null string
+    const char* custom = "cc"; // per side: 'c' custom, 'a' auto
+};
+
+void expectProposal(const Row& r, const QString& result)
+{
+    if (r.expected)
+        EXPECT_EQ(result, QLatin1String(r.expected));
+    else
+        EXPECT_TRUE(result.isNull()) << qPrintable(result);
 }
 
 TEST(NameByRules, PositionNamesArePadded)
 {
-    struct Row
+    struct Pos
     {
         int rule, width, index;
         const char* expected;
     };
-    for (const Row& r :
-        { Row { 0, 3, 0, "001" }, Row { 0, -1, 0, "1" }, Row { 0, 2, 0, "01" }, Row { 0, 2, 122, "123" },
-            Row { 1, 3, 0, "00A" }, Row { 1, -1, 26, "AA" }, Row { 2, -1, 52, "ZAA" },
-            Row { 3, 4, 27, "00ZB" }, Row { 4, -1, 2, "3" }, Row { 4, 3, 0, "001" } }) {
-        StoredRules stored(r.rule, r.width);
-        EXPECT_EQ(KRC_NameHelper::getName(stored.rules(), r.index), QLatin1String(r.expected))
+    for (const Pos& r :
+        { Pos { 0, 3, 0, "001" }, Pos { 0, -1, 0, "1" }, Pos { 0, 2, 122, "123" }, Pos { 1, 3, 0, "00A" },
+            Pos { 2, -1, 52, "ZAA" }, Pos { 3, 4, 27, "00ZB" }, Pos { 4, -1, 2, "3" } })
+        EXPECT_EQ(H::getName(StoredRules(r.rule, r.width).rules(), r.index), QLatin1String(r.expected))
             << "rule " << r.rule << " width " << r.width << " index " << r.index;
-    }
-}
-
-TEST(NameByRules, LeadingSpacesNeedAutomaticZeros)
-{
-    EXPECT_EQ(KRC_NameHelper::getLeadingSpaces(StoredRules(0, 3).rules()), 3);
-    EXPECT_EQ(KRC_NameHelper::getLeadingSpaces(StoredRules(0, -1).rules()), 0);
-
-    // Through the preferences: shots default to two zeros, but only once switched on.
-    ScopedPreferences prefs;
-    KRC_NamingRules record;
-    EXPECT_EQ(KRC_NameHelper::getLeadingSpaces(record.shotRules()), 0);
-    EXPECT_EQ(KRC_NameHelper::getName(record.shotRules(), 0), QStringLiteral("1"));
-    prefs->setBoolValue(QStringLiteral("ST_SHOT_NAME_AUTOMATIC_LEADING_ZEROS"), true);
-    EXPECT_EQ(KRC_NameHelper::getLeadingSpaces(record.shotRules()), 2);
-    EXPECT_EQ(KRC_NameHelper::getName(record.shotRules(), 0), QStringLiteral("01"));
+    EXPECT_EQ(H::getLeadingSpaces(StoredRules(0, 3).rules()), 3);
+    EXPECT_EQ(H::getLeadingSpaces(StoredRules(0, -1).rules()), 0);
 }
 
 TEST(NameByRules, CustomNamesNeedPermissionAndNoLock)
 {
-    struct Row
-    {
-        int flag;
-        bool allow;
-        bool expected;
-    };
-    for (const Row& r : { Row { 0, true, true }, Row { KRC_ObjectName::kCustom, true, true },
-             Row { KRC_ObjectName::kLocked, true, false }, Row { 3, true, false }, Row { 0, false, false },
-             Row { KRC_ObjectName::kCustom, false, false } }) {
-        StoredRules stored(0);
-        stored.rules().setAllowCustomName(r.allow);
-        KRC_ObjectName name;
-        name.setFlag(r.flag);
-        EXPECT_EQ(KRC_NameHelper::canModifyName(stored.rules(), name), r.expected)
-            << "flag " << r.flag << " allow " << r.allow;
+    for (int flag = 0; flag < 4; ++flag) {
+        for (bool allow : { false, true }) {
+            StoredRules stored(0);
+            stored.rules().setAllowCustomName(allow);
+            KRC_ObjectName name;
+            name.setFlag(flag);
+            EXPECT_EQ(H::canModifyName(stored.rules(), name), allow && !(flag & KRC_ObjectName::kLocked))
+                << "flag " << flag << " allow " << allow;
+        }
     }
 }
 
-struct ProposalRow
+TEST(NameBetween, OnlyACustomNeighbourGivesABase)
 {
-    int rule;
-    int width; // -1: automatic zeros off
-    std::optional<const char*> prev;
-    std::optional<const char*> next;
-    const char* expected; // null: a null string
-    bool custom = true;
-};
-
-void PrintTo(const ProposalRow& r, std::ostream* os)
-{
-    *os << "rule " << r.rule << " width " << r.width << ' ' << (r.prev ? *r.prev : "none") << " / "
-        << (r.next ? *r.next : "none") << (r.custom ? " custom" : " auto");
-}
-
-class Proposal : public ::testing::TestWithParam<ProposalRow>
-{
-};
-
-TEST_P(Proposal, BetweenNeighbours)
-{
-    const ProposalRow& r = GetParam();
-    StoredRules stored(r.rule, r.width, 10);
-    std::optional<KRC_ObjectName> prev;
-    std::optional<KRC_ObjectName> next;
-    if (r.prev)
-        prev = objectName(*r.prev, r.custom);
-    if (r.next)
-        next = objectName(*r.next, r.custom);
-    const QString result = KRC_NameHelper::getPreferedNewObjName(
-        stored.rules(), prev ? &*prev : nullptr, next ? &*next : nullptr);
-    if (!r.expected) {
-        EXPECT_TRUE(result.isNull()) << qPrintable(result);
-        return;
+    for (const Row& r : { Row { 0, 0, nullptr, nullptr, nullptr }, Row { 0, 0, "2", "3", nullptr, "aa" },
+             Row { 0, 0, "2", nullptr, nullptr, "aa" }, Row { 0, 0, "2", "5", "3", "ca" },
+             Row { 0, 0, "2", "3", "2", "ac" }, Row { 0, 3, "9", nullptr, "010" },
+             Row { 1, 0, nullptr, "A", "A_0" }, Row { 0, 0, "SC_9", "SC_10", "SC_9" },
+             Row { 0, 0, "SC_9", "SC_12", "SC_10" },
+             // The colliding name comes back unpadded.
+             Row { 0, 3, "5", "006", "5" } }) {
+        const Pair pair(r.prev, r.next, r.custom);
+        SCOPED_TRACE(testing::Message() << (r.prev ? r.prev : "none") << " / " << (r.next ? r.next : "none"));
+        expectProposal(r, H::getBaseName(pair.p(), pair.n(), r.rule, r.width));
     }
-    EXPECT_EQ(result, QLatin1String(r.expected));
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, Proposal,
-    ::testing::Values(ProposalRow { 0, -1, "2", "3", "2" }, ProposalRow { 0, -1, "2", "5", "3" },
-        ProposalRow { 0, -1, "2", "3", nullptr, false }, ProposalRow { 0, 3, "002", std::nullopt, "003" },
-        ProposalRow { 0, -1, std::nullopt, "5", "4" }, ProposalRow { 1, -1, "A", "C", "B" },
-        ProposalRow { 1, -1, "A", "B", "A" }, ProposalRow { 4, -1, std::nullopt, std::nullopt, "10" },
-        ProposalRow { 4, 3, std::nullopt, std::nullopt, "010" }, ProposalRow { 4, -1, "10", "20", "15" },
-        ProposalRow { 4, -1, "10", "100", "20" }, ProposalRow { 4, -1, "15", "20", "17" },
-        ProposalRow { 4, -1, "19", "20", "19" }, ProposalRow { 4, -1, "2", "3", "2" },
-        ProposalRow { 4, -1, "10", std::nullopt, "20" }, ProposalRow { 4, -1, std::nullopt, "20", "10" },
-        ProposalRow { 4, -1, std::nullopt, "1", "1" }, ProposalRow { 4, -1, "A", std::nullopt, "A" },
-        ProposalRow { 4, -1, "SC_10", "SC_20", "SC_15" }, ProposalRow { 4, -1, "SC_10", "PL_20", "SC_20" },
-        ProposalRow { 4, -1, "007", std::nullopt, "10" },
-        ProposalRow { 4, -1, "A007", std::nullopt, "A010" }));
-
-// Rule 4 does not look at the custom flag.
-INSTANTIATE_TEST_SUITE_P(ByNWithAutoNeighbours, Proposal,
-    ::testing::Values(ProposalRow { 4, -1, "10", "20", "15", false },
-        ProposalRow { 4, -1, "10", "100", "20", false },
-        ProposalRow { 4, -1, "A007", std::nullopt, "A010", false },
-        ProposalRow { 4, -1, std::nullopt, "20", "10", false }));
-
-// The by-N midpoint, widths and the cases where the numbers do not line up.
-INSTANTIATE_TEST_SUITE_P(ByNBorders, Proposal,
-    ::testing::Values(
-        // The multiple is taken only while it lies in the lower half of the gap.
-        ProposalRow { 4, -1, "10", "31", "20" }, ProposalRow { 4, -1, "10", "30", "20" },
-        ProposalRow { 4, -1, "10", "29", "19" }, ProposalRow { 4, -1, "0", "2", "1" },
-        ProposalRow { 4, -1, "20", "10", "20" }, // no room below a lower "next"
-        ProposalRow { 4, 4, "10", "20", "0015" }, ProposalRow { 4, 3, "A", std::nullopt, "00A" },
-        ProposalRow { 4, -1, "SC_010", "SC_020", "SC_015" },
-        ProposalRow { 4, -1, "SC_10", "SC_10b", "SC_10" }, ProposalRow { 4, -1, "A1B", "A5B", "A3B" },
-        ProposalRow { 4, -1, "SC_9", std::nullopt, "SC_10" }, ProposalRow { 4, -1, "A", "20", "A" },
-        ProposalRow { 4, -1, "10", "B", "20" }, ProposalRow { 4, -1, std::nullopt, "SC_40", "SC_10" },
-        ProposalRow { 4, -1, std::nullopt, "A", "A" }));
-
-TEST(Proposal, ByNStepComesFromTheRules)
+TEST(Proposal, BetweenNeighbours)
 {
-    StoredRules stored(4, -1, 25);
-    const KRC_ObjectName prev = objectName("100", false);
-    EXPECT_EQ(KRC_NameHelper::getPreferedNewObjName(stored.rules(), &prev, nullptr), QStringLiteral("125"));
-    EXPECT_EQ(KRC_NameHelper::getPreferedNewObjName(stored.rules(), nullptr, nullptr), QStringLiteral("25"));
+    for (const Row& r : { Row { 0, -1, "2", "3", "2" }, Row { 0, -1, "2", "5", "3" },
+             Row { 0, -1, "2", "3", nullptr, "aa" }, Row { 0, 3, "002", nullptr, "003" },
+             Row { 0, -1, nullptr, "5", "4" }, Row { 1, -1, "A", "C", "B" }, Row { 1, -1, "A", "B", "A" },
+             Row { 4, -1, nullptr, nullptr, "10" }, Row { 4, 3, nullptr, nullptr, "010" },
+             Row { 4, -1, "10", "20", "15" }, Row { 4, -1, "10", "100", "20" },
+             Row { 4, -1, "15", "20", "17" }, Row { 4, -1, "19", "20", "19" }, Row { 4, -1, "2", "3", "2" },
+             Row { 4, -1, "10", nullptr, "20" }, Row { 4, -1, nullptr, "20", "10" },
+             Row { 4, -1, nullptr, "1", "1" }, Row { 4, -1, "A", nullptr, "A" },
+             Row { 4, -1, "SC_10", "SC_20", "SC_15" }, Row { 4, -1, "SC_10", "PL_20", "SC_20" },
+             Row { 4, -1, "007", nullptr, "10" }, Row { 4, -1, "A007", nullptr, "A010" },
+             // Rule 4 does not look at the custom flag.
+             Row { 4, -1, "10", "20", "15", "aa" }, Row { 4, -1, "A007", nullptr, "A010", "aa" },
+             // The multiple is taken only while it lies in the lower half of the gap.
+             Row { 4, -1, "10", "31", "20" }, Row { 4, -1, "10", "29", "19" }, Row { 4, -1, "0", "2", "1" },
+             Row { 4, -1, "20", "10", "20" }, Row { 4, 4, "10", "20", "0015" },
+             Row { 4, 3, "A", nullptr, "00A" }, Row { 4, -1, "SC_010", "SC_020", "SC_015" },
+             Row { 4, -1, "SC_10", "SC_10b", "SC_10" }, Row { 4, -1, "A1B", "A5B", "A3B" },
+             Row { 4, -1, "SC_9", nullptr, "SC_10" }, Row { 4, -1, "10", "B", "20" },
+             Row { 4, -1, nullptr, "SC_40", "SC_10" } }) {
+        StoredRules stored(r.rule, r.width);
+        const Pair pair(r.prev, r.next, r.custom);
+        SCOPED_TRACE(testing::Message() << "rule " << r.rule << " width " << r.width << ' '
+                                        << (r.prev ? r.prev : "none") << " / " << (r.next ? r.next : "none"));
+        expectProposal(r, H::getPreferedNewObjName(stored.rules(), pair.p(), pair.n()));
+    }
+    StoredRules byTwentyFive(4, -1, 25);
+    const Pair pair("100", nullptr, "aa");
+    EXPECT_EQ(H::getPreferedNewObjName(byTwentyFive.rules(), pair.p(), nullptr), QStringLiteral("125"));
 }
 
 } // namespace

@@ -42,7 +42,7 @@ protected:
     ScopedPreferences prefs;
 };
 
-TEST_F(NamingRulesXml, WritesTheStoredValuesInFormatOrder)
+TEST_F(NamingRulesXml, WritesTheStoredValuesInFormatOrderAndReadsThemBack)
 {
     KRC_NamingRules rules;
     rules.setAutoShowTotal(true);
@@ -53,7 +53,7 @@ TEST_F(NamingRulesXml, WritesTheStoredValuesInFormatOrder)
     prefs->setIntValue(QStringLiteral("ST_SHOT_NAME_NUMBER_OF_ZEROS"), 8);
 
     QByteArray written;
-    roundTrip(rules, &written);
+    auto metas = roundTrip(rules, &written);
     const char* expected
         = "<namingRules overloadingPref=\"false\" autoShowTotal=\"true\" enabledAct=\"false\">"
           "<sequence_rules automaticLeadingZeros=\"false\" numberOfZeros=\"2\" "
@@ -73,30 +73,24 @@ TEST_F(NamingRulesXml, WritesTheStoredValuesInFormatOrder)
     const QString compact = QString::fromUtf8(written).replace(
         QRegularExpression(QStringLiteral(">\\s+<")), QStringLiteral("><"));
     EXPECT_TRUE(compact.contains(QLatin1String(expected))) << written.constData();
+
+    auto* read = first<KRC_NamingRules>(metas.get());
+    ASSERT_NE(read, nullptr);
+    EXPECT_TRUE(*read == rules);
+    EXPECT_EQ(read->version(), QStringLiteral("2.0"));
+    rules.setOverloadingPref(true);
+    EXPECT_TRUE(first<KRC_NamingRules>(roundTrip(rules).get())->overloadingPref());
 }
 
-TEST_F(NamingRulesXml, SaveAndReloadGiveEqualRules)
+// The read record equals one made here under the same preferences and given `expect`.
+template <class Expect> void expectRead(PIO_Metadatas* metas, Expect expect)
 {
-    for (bool overloading : { false, true }) {
-        KRC_NamingRules rules;
-        rules.setOverloadingPref(overloading);
-        rules.setEnabledAct(true);
-        fill(rules.sequenceRules(), 4);
-        fill(rules.shotRules(), 7);
-        fill(rules.panelRules(), 9);
-
-        auto metas = roundTrip(rules);
-        auto* read = first<KRC_NamingRules>(metas.get());
-        ASSERT_NE(read, nullptr);
-        EXPECT_TRUE(*read == rules) << "overloading " << overloading;
-        EXPECT_EQ(read->overloadingPref(), overloading);
-        EXPECT_EQ(read->version(), QStringLiteral("2.0"));
-        // The switch reaches the rules too: under override they answer what was saved.
-        read->setOverloadingPref(true);
-        rules.setOverloadingPref(true);
-        EXPECT_EQ(read->panelRules().autoIncrementValue(), 45);
-        EXPECT_TRUE(read->enabledAct());
-    }
+    auto* read = first<KRC_NamingRules>(metas);
+    ASSERT_NE(read, nullptr);
+    KRC_NamingRules expected;
+    expect(expected);
+    EXPECT_TRUE(*read == expected);
+    EXPECT_EQ(read->creator(), QStringLiteral("elsewhere"));
 }
 
 TEST_F(NamingRulesXml, RulesElementReadsIntegersAlwaysAndBooleansOnlyWhenTheyParse)
@@ -104,40 +98,24 @@ TEST_F(NamingRulesXml, RulesElementReadsIntegersAlwaysAndBooleansOnlyWhenTheyPar
     prefs->setIntValue(QStringLiteral("ST_SHOT_NAME_NUMBER_OF_ZEROS"), 5);
     auto metas = readRules(QStringLiteral("2.0"),
         QStringLiteral(
-            "<namingRules overloadingPref=\"true\">"
+            "<namingRules overloadingPref=\"true\" autoShowTotal=\"maybe\" enabledAct=\"true\""
+            " numberOfZeros=\"6\"><unknown enabledAct=\"false\"/>"
             "<shot_rules allowCustomName=\"yes\" autoIncrementRule=\"x\" sceneNameIncrementValue=\"12\""
             " smartShotNameOnDrop=\"true\"/></namingRules>"));
-    auto* read = first<KRC_NamingRules>(metas.get());
-    ASSERT_NE(read, nullptr);
-    ASSERT_TRUE(read->overloadingPref());
-    const KRC_NamingRules::ObjRules& shot = read->shotRules();
-    EXPECT_EQ(shot.numberOfZeros(), 0); // missing int: 0, not the constructed 5
-    EXPECT_TRUE(shot.allowCustomName()); // malformed bool: the constructed value
-    EXPECT_FALSE(shot.automaticLeadingZeros()); // missing bool: the constructed value
-    EXPECT_EQ(shot.autoIncrementRule(), KRC_NamingRules::Rule_Numeric);
-    EXPECT_EQ(shot.autoIncrementValue(), 12);
-    EXPECT_EQ(shot.nameSuffixDelimiter(), KRC_NamingRules::Delimiter_None);
-    EXPECT_TRUE(shot.smartNameOnDrop());
-    // Elements not read keep their construction.
-    EXPECT_EQ(read->panelRules().nameSuffixType(), KRC_NamingRules::Suffix_Number);
-    EXPECT_EQ(read->sequenceRules().numberOfZeros(), 2);
-}
-
-TEST_F(NamingRulesXml, RecordElementOfVersionTwoHoldsOnlyTheSwitches)
-{
-    auto metas = readRules(QStringLiteral("2.0"),
-        QStringLiteral("<namingRules overloadingPref=\"true\" autoShowTotal=\"true\" enabledAct=\"maybe\""
-                       " numberOfZeros=\"6\"/><unknown overloadingPref=\"false\"/>"));
-    auto* read = first<KRC_NamingRules>(metas.get());
-    ASSERT_NE(read, nullptr);
-    EXPECT_TRUE(read->overloadingPref());
-    EXPECT_TRUE(read->autoShowTotal());
-    EXPECT_FALSE(read->enabledAct());
-    for (auto* rules : { &read->sequenceRules(), &read->shotRules(), &read->panelRules() })
-        EXPECT_NE(rules->numberOfZeros(), 6) << qPrintable(rules->objName());
-    // The record's switch reached all three rules.
+    expectRead(metas.get(), [](KRC_NamingRules& r) {
+        r.setOverloadingPref(true);
+        r.setEnabledAct(true);
+        KRC_NamingRules::ObjRules& shot = r.shotRules();
+        shot.setNumberOfZeros(0); // missing int: 0, not the constructed 5
+        shot.setAutoIncrementRule(KRC_NamingRules::Rule_Numeric);
+        shot.setAutoIncrementValue(12);
+        shot.setNameSuffixDelimiter(KRC_NamingRules::Delimiter_None);
+        shot.setNameSuffixType(KRC_NamingRules::Suffix_None);
+        shot.setSmartNameOnDrop(true); // missing and malformed booleans keep their construction
+    });
+    // The record's switch reached the three rules: the stored values answer.
     prefs->setIntValue(QStringLiteral("ST_PANEL_NAME_NUMBER_OF_ZEROS"), 7);
-    EXPECT_EQ(read->panelRules().numberOfZeros(), 0);
+    EXPECT_EQ(first<KRC_NamingRules>(metas.get())->panelRules().numberOfZeros(), 0);
 }
 
 // The flat older form: every value on one element, mapped onto panel and shot rules.
@@ -149,47 +127,22 @@ TEST_F(NamingRulesXml, VersionOneMapsTheFlatForm)
             " allowCustomName=\"true\" autoIncrementRule=\"3\" autoShowTotal=\"true\""
             " enabledAct=\"true\" shotAutoIncrementRule=\"4\" sceneNameIncrementValue=\"25\""
             " shotConflictDelimiter=\"2\" shotConflictType=\"3\" smartShotNameOnDrop=\"true\"/>"));
-    auto* read = first<KRC_NamingRules>(metas.get());
-    ASSERT_NE(read, nullptr);
-    EXPECT_EQ(read->version(), QStringLiteral("1.0"));
-    EXPECT_EQ(read->creator(), QStringLiteral("elsewhere"));
-    ASSERT_TRUE(read->overloadingPref());
-    EXPECT_TRUE(read->autoShowTotal());
-    EXPECT_TRUE(read->enabledAct());
-
-    const KRC_NamingRules::ObjRules& shot = read->shotRules();
-    EXPECT_TRUE(shot.automaticLeadingZeros());
-    EXPECT_EQ(shot.numberOfZeros(), 4);
-    EXPECT_TRUE(shot.allowCustomName()); // constructed; the flat value went to the panels
-    EXPECT_EQ(shot.autoIncrementRule(), KRC_NamingRules::Rule_ByN);
-    EXPECT_EQ(shot.autoIncrementValue(), 25);
-    EXPECT_EQ(shot.nameSuffixDelimiter(), KRC_NamingRules::Delimiter_Dot);
-    EXPECT_EQ(shot.nameSuffixType(), KRC_NamingRules::Suffix_LowerLetter);
-    EXPECT_TRUE(shot.smartNameOnDrop());
-
-    const KRC_NamingRules::ObjRules& panel = read->panelRules();
-    EXPECT_TRUE(panel.allowCustomName());
-    EXPECT_EQ(panel.autoIncrementRule(), KRC_NamingRules::Rule_AlphaZRepeat);
-    EXPECT_FALSE(panel.automaticLeadingZeros());
-    EXPECT_EQ(panel.numberOfZeros(), 0);
-    EXPECT_EQ(panel.autoIncrementValue(), 10);
-
-    KRC_NamingRules constructed;
-    EXPECT_TRUE(read->sequenceRules() == constructed.sequenceRules());
-}
-
-TEST_F(NamingRulesXml, VersionOneReadsMissingIntegersAsZero)
-{
-    auto metas = readRules(QStringLiteral("1.0"), QStringLiteral("<namingRules allowCustomName=\"no\"/>"));
-    auto* read = first<KRC_NamingRules>(metas.get());
-    ASSERT_NE(read, nullptr);
-    read->setOverloadingPref(true);
-    EXPECT_EQ(read->shotRules().numberOfZeros(), 0);
-    EXPECT_EQ(read->shotRules().autoIncrementValue(), 0);
-    EXPECT_EQ(read->shotRules().nameSuffixDelimiter(), KRC_NamingRules::Delimiter_None);
-    EXPECT_EQ(read->panelRules().autoIncrementRule(), KRC_NamingRules::Rule_Numeric);
-    EXPECT_FALSE(read->panelRules().allowCustomName());
-    EXPECT_FALSE(read->shotRules().automaticLeadingZeros());
+    EXPECT_EQ(first<KRC_NamingRules>(metas.get())->version(), QStringLiteral("1.0"));
+    expectRead(metas.get(), [](KRC_NamingRules& r) {
+        r.setOverloadingPref(true);
+        r.setAutoShowTotal(true);
+        r.setEnabledAct(true);
+        KRC_NamingRules::ObjRules& shot = r.shotRules();
+        shot.setAutomaticLeadingZeros(true);
+        shot.setNumberOfZeros(4);
+        shot.setAutoIncrementRule(KRC_NamingRules::Rule_ByN);
+        shot.setAutoIncrementValue(25);
+        shot.setNameSuffixDelimiter(KRC_NamingRules::Delimiter_Dot);
+        shot.setNameSuffixType(KRC_NamingRules::Suffix_LowerLetter);
+        shot.setSmartNameOnDrop(true);
+        r.panelRules().setAllowCustomName(true);
+        r.panelRules().setAutoIncrementRule(KRC_NamingRules::Rule_AlphaZRepeat);
+    });
 }
 
 TEST_F(NamingRulesXml, UnknownVersionSkipsTheRecordElementButReadsRulesElements)
@@ -198,24 +151,13 @@ TEST_F(NamingRulesXml, UnknownVersionSkipsTheRecordElementButReadsRulesElements)
         QStringLiteral("<namingRules overloadingPref=\"true\" numberOfZeros=\"4\">"
                        "<shot_rules numberOfZeros=\"6\" allowCustomName=\"false\"/>"
                        "<Shot_rules numberOfZeros=\"9\"/></namingRules>"));
-    auto* read = first<KRC_NamingRules>(metas.get());
-    ASSERT_NE(read, nullptr);
-    EXPECT_FALSE(read->overloadingPref());
-    read->setOverloadingPref(true);
-    EXPECT_EQ(read->shotRules().numberOfZeros(), 6);
-    EXPECT_FALSE(read->shotRules().allowCustomName());
-}
-
-TEST_F(NamingRulesXml, FactoryKeepsTheStatedIdentity)
-{
-    KRC_MetadataFactory* factory = KRC_MetadataFactory::createInstance();
-    std::unique_ptr<PIO_Metadata> meta(factory->createMeta(QStringLiteral("namingRules"), QStringLiteral("n"),
-        QStringLiteral("other program"), QStringLiteral("1.0")));
-    auto* rules = dynamic_cast<KRC_NamingRules*>(meta.get());
-    ASSERT_NE(rules, nullptr);
-    EXPECT_EQ(rules->version(), QStringLiteral("1.0"));
-    EXPECT_EQ(rules->creator(), QStringLiteral("other program"));
-    EXPECT_EQ(rules->metaName(), QStringLiteral("n"));
+    expectRead(metas.get(), [](KRC_NamingRules& r) {
+        KRC_NamingRules::ObjRules& shot = r.shotRules();
+        shot.setNumberOfZeros(6);
+        shot.setAllowCustomName(false);
+        shot.setAutoIncrementValue(0);
+        shot.setNameSuffixDelimiter(KRC_NamingRules::Delimiter_None);
+    });
 }
 
 } // namespace
