@@ -10,6 +10,18 @@
 
 #include <map>
 #include <memory>
+#include <vector>
+
+/// Pushes everything out of the processor's caches by writing over a buffer larger
+/// than them. A walk over a small project stays in the caches from one pass to the
+/// next while a large one cannot; flushing before each pass compares the two on
+/// equal terms, so that the ratio of their times shows the cost of the walk itself.
+inline void flushProcessorCaches()
+{
+    static std::vector<char> buffer(size_t(96) << 20, 1);
+    for (size_t i = 0; i < buffer.size(); i += 64)
+        ++buffer[i];
+}
 
 /// A project of `panels` panels, ten 3-frame panels to a shot, with a 2-frame
 /// transition after every fifth shot and a view over it. Built once per size and

@@ -10,6 +10,8 @@ ObjectPrivate::ObjectPrivate(AT_FrameBlock const* block, ObjectNameHelper const*
     : frameBlock(block)
     , nameHelper(helper)
     , id(objectId(block))
+    , firstFrame(block ? block->firstFrame : 0)
+    , lastFrame(block ? block->lastFrame : 0)
 {
 }
 

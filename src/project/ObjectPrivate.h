@@ -10,7 +10,8 @@ class ObjectNameHelper;
 
 /// What a handle knows of the frame block it stands for: the block (not owned, good
 /// until the next change of its sequence), the name helper (not owned; null for
-/// transitions and invalid handles) and the object's id, fixed at construction.
+/// transitions and invalid handles), and the object's id and ends, fixed at
+/// construction.
 ///
 /// It also holds the two frame maps of the block's time warp that all frame
 /// conversions of the handles are made of. Reference counted, shared by all copies
@@ -23,9 +24,6 @@ public:
     ObjectPrivate& operator=(ObjectPrivate const&) = delete;
     ~ObjectPrivate() override;
 
-    /// The block's ends in the numbering of its sequence; 0 without a block.
-    unsigned blockFirstFrame() const { return frameBlock ? frameBlock->firstFrame : 0; }
-    unsigned blockLastFrame() const { return frameBlock ? frameBlock->lastFrame : 0; }
     /// The block as the handles hand it out.
     AT_FrameBlock* block() const { return const_cast<AT_FrameBlock*>(frameBlock); }
 
@@ -63,6 +61,11 @@ public:
     AT_FrameBlock const* frameBlock;
     ObjectNameHelper const* nameHelper;
     SC_Id id;
+    /// The object's ends in project frames, fixed at construction like the id: a walk
+    /// reads them at every step, and a handle answers for the timeline it was made
+    /// from. The block's own ends here; a panel puts its ends through its shot's warp.
+    unsigned firstFrame;
+    unsigned lastFrame;
 };
 
 } // namespace Krolle

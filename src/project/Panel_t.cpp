@@ -8,6 +8,11 @@ Panel_t::Panel_t(
     AT_FrameBlock const* block, TUScene* symbol, Shot_t const& shot, ObjectNameHelper const* helper)
     : SharedPtr<PanelPrivate>(new PanelPrivate(block, symbol, shot, helper))
 {
+    // The panel's ends are frames of the symbol: the shot's warp puts them on the timeline.
+    if (block) {
+        get()->firstFrame = AT_Frame::roundToUnsigned(shotPrivate()->toGlobal(block->firstFrame));
+        get()->lastFrame = AT_Frame::roundToUnsigned(shotPrivate()->toGlobal(block->lastFrame));
+    }
 }
 
 Panel_t::~Panel_t() = default;
@@ -80,14 +85,12 @@ ShotPrivate const* Panel_t::shotPrivate() const
 
 unsigned Panel_t::firstFrame() const
 {
-    AT_FrameBlock const* block = get()->frameBlock;
-    return block ? AT_Frame::roundToUnsigned(shotPrivate()->toGlobal(block->firstFrame)) : 0;
+    return get()->firstFrame;
 }
 
 unsigned Panel_t::lastFrame() const
 {
-    AT_FrameBlock const* block = get()->frameBlock;
-    return block ? AT_Frame::roundToUnsigned(shotPrivate()->toGlobal(block->lastFrame)) : 0;
+    return get()->lastFrame;
 }
 
 unsigned Panel_t::relativeFirstFrame() const

@@ -71,12 +71,12 @@ QString Shot_t::actName() const
 
 unsigned Shot_t::firstFrame() const
 {
-    return get()->blockFirstFrame();
+    return get()->firstFrame;
 }
 
 unsigned Shot_t::lastFrame() const
 {
-    return get()->blockLastFrame();
+    return get()->lastFrame;
 }
 
 unsigned Shot_t::objNumOfFrame() const

@@ -21,12 +21,12 @@ AT_FrameBlock* Trans_t::frameBlock() const
 
 unsigned Trans_t::firstFrame() const
 {
-    return get()->blockFirstFrame();
+    return get()->firstFrame;
 }
 
 unsigned Trans_t::lastFrame() const
 {
-    return get()->blockLastFrame();
+    return get()->lastFrame;
 }
 
 unsigned Trans_t::objNumOfFrame() const
