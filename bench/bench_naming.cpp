@@ -56,53 +56,37 @@ int nameEveryPanel(const KRC_KrolleProject& view)
     return count;
 }
 
-void reportPerName(benchmark::State& state, int names)
-{
-    state.counters["per_name"] = benchmark::Counter(
-        names, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-}
-
-// Every panel named, the view's caches warm (the handles of a second pass).
-void BM_NameEveryPanel(benchmark::State& state)
-{
-    NamedProject project(int(state.range(0)));
-    int names = nameEveryPanel(*project.view);
-    for (auto _ : state)
-        names = nameEveryPanel(*project.view);
-    reportPerName(state, names);
-}
-BENCHMARK(BM_NameEveryPanel)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
-
-// The same after every change: the caches are dropped before each pass.
-void BM_NameEveryPanelAfterAChange(benchmark::State& state)
-{
-    NamedProject project(int(state.range(0)));
-    int names = 0;
-    for (auto _ : state) {
-        project.view->invalidate();
-        names = nameEveryPanel(*project.view);
-    }
-    reportPerName(state, names);
-}
-BENCHMARK(BM_NameEveryPanelAfterAChange)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
-
-// Every tenth panel custom-named, so that the auto names number around them.
-void BM_NameEveryPanelAroundCustomNames(benchmark::State& state)
+// Every panel named. Warm: the view's caches hold the handles of a first pass.
+// After a change: the caches are dropped before each pass. Around custom names:
+// every tenth panel is custom-named, so that the auto names number around them.
+void BM_NameEveryPanel(benchmark::State& state, bool afterAChange, bool aroundCustomNames)
 {
     NamedProject project(int(state.range(0)));
     int i = 0;
     for (auto it = project.view->beginPanel(), end = project.view->endPanel(); it != end; ++it, ++i) {
-        if (i % 10 == 3) {
-            (*it).panelInfo()->name().setValue(QString::number(i % 7 + 1));
-            (*it).panelInfo()->name().setFlag(KRC_ObjectName::kCustom);
+        if (aroundCustomNames && i % 10 == 3) {
+            it->panelInfo()->name().setValue(QString::number(i % 7 + 1));
+            it->panelInfo()->name().setFlag(KRC_ObjectName::kCustom);
         }
     }
-    int names = 0;
-    for (auto _ : state)
+    int names = nameEveryPanel(*project.view);
+    for (auto _ : state) {
+        if (afterAChange)
+            project.view->invalidate();
         names = nameEveryPanel(*project.view);
-    reportPerName(state, names);
+    }
+    state.counters["per_name"] = benchmark::Counter(
+        names, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
-BENCHMARK(BM_NameEveryPanelAroundCustomNames)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_NameEveryPanel, warm, false, false)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_NameEveryPanel, afterAChange, true, false)
+    ->Arg(10)
+    ->Arg(100)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_NameEveryPanel, aroundCustomNames, false, true)
+    ->Arg(10)
+    ->Arg(100)
+    ->Unit(benchmark::kMillisecond);
 
 // The static core alone: the name at an index under rules that answer from the
 // preferences (no store: their defaults).

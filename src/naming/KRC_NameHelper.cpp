@@ -7,6 +7,7 @@
 
 #include <QRegExp>
 
+#include <algorithm>
 #include <climits>
 #include <optional>
 #include <set>
@@ -534,6 +535,26 @@ PanelPlaces placesOf(const KRC_KrolleProject& project, const Panel_t& asked)
     return places;
 }
 
+// The series index whose name the asked auto-named panel takes. Each auto panel
+// takes the first name from its own place on that no custom name and no auto panel
+// before it holds. The series never repeats a name, so the indices taken grow
+// with the places and every index up to the last one taken is held: the search
+// goes on from there, and only the custom names need looking up.
+int autoIndexOf(const PanelPlaces& places, const SeriesNamer& namer)
+{
+    if (places.customNames.empty())
+        return places.askedPlace;
+    int index = -1;
+    for (int place = 0; place <= places.askedPlace; ++place) {
+        if (!places.isAuto[place])
+            continue;
+        index = std::max(place, index + 1);
+        while (places.customNames.count(namer.at(index)) != 0)
+            ++index;
+    }
+    return index;
+}
+
 } // namespace
 
 KRC_NameHelper::KRC_NameHelper(KRC_KrolleProject* project)
@@ -559,16 +580,7 @@ QString KRC_NameHelper::getPanelName(const Panel_t& panel) const
         const unsigned index = d->project->getPanelNdx(panel, true);
         return index == KRC_KrolleProject::invalidNdx ? QStringLiteral("") : namer.at(int(index));
     }
-    // Without custom names every place keeps the name of its number: the series
-    // never repeats a name, so no auto name before this one can take it.
-    if (places.customNames.empty())
-        return namer.at(places.askedPlace);
-    std::set<QString> taken = places.customNames;
-    for (int n = 0; n < places.askedPlace; ++n) {
-        if (places.isAuto[n])
-            taken.insert(namer.firstFree(n, taken));
-    }
-    return namer.firstFree(places.askedPlace, taken);
+    return namer.at(autoIndexOf(places, namer));
 }
 
 QString KRC_NameHelper::getSceneName(const Shot_t& shot) const

@@ -117,6 +117,42 @@ TEST(ProjectNames, CustomNamesUseUpPlacesAndNamesOfAutoPanels)
     }
 }
 
+// The names that the two passes around custom names give, counted the long way.
+Names numberedTheLongWay(const KRC_NameHelper& helper, const Names& custom)
+{
+    std::set<QString> taken;
+    for (const QString& name : custom) {
+        if (name != QLatin1String("."))
+            taken.insert(name);
+    }
+    Names names;
+    for (int n = 0; n < custom.size(); ++n) {
+        names << (custom[n] == QLatin1String(".") ? helper.getPanelName(n, taken) : custom[n]);
+        taken.insert(names.back());
+    }
+    return names;
+}
+
+TEST(ProjectNames, CustomNamesAnywhereGiveTheNamesOfTheTwoPasses)
+{
+    const char* const choices[] = { ".", ".", ".", "1", "2", "3", "5", "B", "C" };
+    unsigned seed = 7;
+    for (int round = 0; round < 40; ++round) {
+        Board board("S[1,1,1,1,1,1,1]");
+        if (round % 2)
+            board.prefs->setIntValue(QStringLiteral("ST_PANEL_NAME_AUTO_INCREMENT_RULE"), 1);
+        Names custom;
+        for (int i = 0; i < 7; ++i) {
+            seed = seed * 1103515245u + 12345u;
+            custom << QLatin1String(choices[(seed >> 16) % 9]);
+            if (custom.back() != QLatin1String("."))
+                board.namePanel(0, size_t(i), qPrintable(custom.back()));
+        }
+        EXPECT_EQ(board.panelNames(0), numberedTheLongWay(board.helper(), custom))
+            << qPrintable(custom.join(' '));
+    }
+}
+
 TEST(ProjectNames, TheProjectKeepsOneRulesRecord)
 {
     Board names("S[1]");
@@ -226,21 +262,27 @@ TEST(ProjectNames, AutoNamesRenumberAfterEdits)
     EXPECT_EQ(names.view().getShotByID(names.shotId(1)).name(), QStringLiteral("1"));
 }
 
-TEST(ProjectProposals, NewShotsBetweenNeighbours)
+TEST(ProjectProposals, NewShotsAndShotsThatFollowTheRules)
 {
     Board names("S[1] S[1] S[1]");
     names.nameShot(0, "10");
     names.nameShot(1, "20");
-    names.nameShot(2, "SC_7");
+    names.nameShot(2, "30");
     KRC_NamingRules::ObjRules& shots = names.overriding(names.rules().shotRules(), 4);
     const KRC_NameHelper& helper = names.helper();
     EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(0), true), QStringLiteral("15"));
     EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(1), false), QStringLiteral("15"));
     EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(0), false), QStringLiteral("5"));
-    // "20" and "SC_7" do not line up: the next multiple after 20.
-    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(1), true), QStringLiteral("30"));
-    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(2), true), QStringLiteral("SC_10"));
+    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(2), true), QStringLiteral("40"));
     EXPECT_EQ(helper.getPreferedNewSceneName(SC_Id(), true), QStringLiteral("10"));
+    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(1)));
+    names.nameShot(1, "25");
+    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(1)));
+    // The first shot: between nothing and "25" the next multiple, 10, lies below the middle.
+    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(0)));
+    names.nameShot(0, "12");
+    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(0)));
+    EXPECT_FALSE(helper.shotNameFollowsRules(SC_Id()));
     shots.setAutomaticLeadingZeros(true);
     shots.setNumberOfZeros(3);
     EXPECT_EQ(helper.getPreferedNewSceneName(SC_Id(), true), QStringLiteral("010"));
@@ -248,11 +290,14 @@ TEST(ProjectProposals, NewShotsBetweenNeighbours)
     // Other rules step a custom neighbour and give nothing for auto neighbours.
     shots.setAutoIncrementRule(KRC_NamingRules::Rule_Numeric);
     shots.setAutomaticLeadingZeros(false);
-    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(0), true), QStringLiteral("11"));
+    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(0), true), QStringLiteral("13"));
     EXPECT_TRUE(helper.getPreferedNewSceneName(SC_Id(), true).isNull());
     names.makeShotsAuto();
     // The stored value of an auto name counts, not the computed one: there is none.
     EXPECT_TRUE(helper.getPreferedNewSceneName(names.shotId(0), true).isNull());
+    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(1)));
+    names.nameShot(1, "");
+    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(1)));
 }
 
 TEST(ProjectProposals, NewSequencesBetweenNeighbours)
@@ -292,31 +337,6 @@ TEST(ProjectProposals, NewPanelsLookOnlyInsideTheirShot)
     panels.setAutoIncrementRule(KRC_NamingRules::Rule_Numeric);
     EXPECT_TRUE(helper.getPreferedNewPanelName(second, names.panelId(0, 1), true).isNull());
     EXPECT_EQ(helper.getPreferedNewPanelName(first, names.panelId(0, 0), true), QStringLiteral("11"));
-}
-
-TEST(ProjectProposals, ShotNameFollowsRules)
-{
-    Board names("S[1] S[1] S[1]");
-    names.nameShot(0, "10");
-    names.nameShot(1, "20");
-    names.nameShot(2, "30");
-    KRC_NamingRules::ObjRules& shots = names.overriding(names.rules().shotRules(), 4);
-    const KRC_NameHelper& helper = names.helper();
-    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(1)));
-    names.nameShot(1, "25");
-    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(1)));
-    // The first shot: between nothing and "25" the next multiple, 10, lies below the middle.
-    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(0)));
-    names.nameShot(0, "12");
-    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(0)));
-    EXPECT_FALSE(helper.shotNameFollowsRules(SC_Id()));
-
-    // Auto neighbours under another rule propose nothing: only an empty name follows.
-    shots.setAutoIncrementRule(KRC_NamingRules::Rule_Numeric);
-    names.makeShotsAuto();
-    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(1)));
-    names.nameShot(1, "");
-    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(1)));
 }
 
 } // namespace
