@@ -1,7 +1,9 @@
 // Fuzz target of the record collection reader: any input is either refused with
 // the target untouched, or read into records whose saved form reads back and
-// saves again to the same text.
+// saves again to the same text. The storyboard records are registered, so
+// their readers and writers are exercised as well as the generic ones.
 #include "host/persistence/HostPersistence.h"
+#include "metadata/KRC_MetadataFactory.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -18,6 +20,8 @@ void check(bool condition)
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size)
 {
+    static KRC_MetadataFactory* const factory = KRC_MetadataFactory::createInstance();
+    (void)factory;
     QByteArray const input(reinterpret_cast<char const*>(data), int(size));
     PIO_Metadatas target;
     auto* existing = new PIO_MetadataInt(QStringLiteral("existing"));
