@@ -33,17 +33,18 @@ void ArgumentParser::addPositional(const QString& name, const QString& help, boo
 
 void ArgumentParser::addFlag(const QString& name, const QString& help)
 {
-    m_options.append({ name, QString(), help, Kind::Flag });
+    m_options.append({ name, QString(), help, Kind::Flag, false });
 }
 
-void ArgumentParser::addOption(const QString& name, const QString& valueName, const QString& help)
+void ArgumentParser::addOption(
+    const QString& name, const QString& valueName, const QString& help, bool required)
 {
-    m_options.append({ name, valueName, help, Kind::Value });
+    m_options.append({ name, valueName, help, Kind::Value, required });
 }
 
 void ArgumentParser::addListOption(const QString& name, const QString& valueName, const QString& help)
 {
-    m_options.append({ name, valueName, help, Kind::List });
+    m_options.append({ name, valueName, help, Kind::List, false });
 }
 
 void ArgumentParser::setEpilogue(const QString& epilogue)
@@ -126,6 +127,10 @@ ArgumentValues ArgumentParser::parse(const QStringList& arguments) const
     }
     if (taken < words.size())
         throw ToolError::usage(QStringLiteral("unexpected argument '%1'").arg(words.at(taken)));
+    for (const Option& option : m_options) {
+        if (option.required && !values.isSet(option.name))
+            throw ToolError::usage(QStringLiteral("missing %1 %2").arg(option.name, option.valueName));
+    }
     return values;
 }
 
@@ -140,7 +145,7 @@ QString ArgumentParser::usageLine() const
             text += QLatin1Char(' ') + option.valueName;
         if (option.kind == Kind::List)
             text += QStringLiteral(" ...");
-        parts << QStringLiteral("[%1]").arg(text);
+        parts << (option.required ? text : QStringLiteral("[%1]").arg(text));
     }
     return parts.join(QLatin1Char(' '));
 }

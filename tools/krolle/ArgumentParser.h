@@ -24,7 +24,8 @@ public:
     void setDescription(const QString& description);
     void addPositional(const QString& name, const QString& help, bool required = true);
     void addFlag(const QString& name, const QString& help);
-    void addOption(const QString& name, const QString& valueName, const QString& help);
+    // A required option must be given; parse() says so when it is missing.
+    void addOption(const QString& name, const QString& valueName, const QString& help, bool required = false);
     void addListOption(const QString& name, const QString& valueName, const QString& help);
     // Text after the option list (examples, notes).
     void setEpilogue(const QString& epilogue);
@@ -49,6 +50,7 @@ private:
         QString valueName;
         QString help;
         Kind kind;
+        bool required;
     };
     struct Positional
     {

@@ -1,6 +1,5 @@
 #include "InsertShotCommand.h"
 
-#include "Console.h"
 #include "NameWriter.h"
 #include "NamedObjects.h"
 #include "ProjectDocument.h"
@@ -13,60 +12,44 @@
 
 namespace {
 
-const unsigned kDefaultLength = 12;
 const unsigned kMostPanels = 1000;
-const unsigned kLongestPanel = 100000;
 
 } // namespace
 
 InsertShotCommand::InsertShotCommand()
-    : Command(
-        QStringLiteral("insert-shot"), QStringLiteral("insert a shot after or before a named shot, and save"))
+    : InsertCommand(QStringLiteral("insert-shot"),
+        QStringLiteral("insert a shot after or before a named shot, and save"), "shot")
 {
     ArgumentParser& parser = declare();
-    parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to edit"));
-    parser.addOption(
-        QStringLiteral("--after"), QStringLiteral("NAME"), QStringLiteral("insert after this shot"));
-    parser.addOption(
-        QStringLiteral("--before"), QStringLiteral("NAME"), QStringLiteral("insert before this shot"));
-    parser.addOption(QStringLiteral("--sequence"), QStringLiteral("NAME"),
-        QStringLiteral("look for the shot in this sequence only"));
     parser.addOption(
         QStringLiteral("--panels"), QStringLiteral("N"), QStringLiteral("panels of the new shot (1)"));
-    parser.addOption(QStringLiteral("--length"), QStringLiteral("FRAMES"),
-        QStringLiteral("length of each new panel (%1)").arg(kDefaultLength));
     parser.setEpilogue(QStringLiteral(
         "The new shot joins the act and sequence of the named shot. Its name is the naming rules'\n"
         "proposal between its neighbours: custom where the rules give one, automatic otherwise.\n"
         "\n"
-        "example: krolle insert-shot demo.krl --after SH020 --sequence SQ040 --panels 3"));
+        "example: krolle insert-shot demo.xml --after SH060 --sequence SQ030 --panels 3"));
 }
 
 ExitStatus InsertShotCommand::run(const ArgumentValues& arguments)
 {
-    const QString side = arguments.exactlyOne({ QStringLiteral("--after"), QStringLiteral("--before") });
-    const bool after = side == QLatin1String("--after");
+    const Placement where = placement(arguments);
     const unsigned panels = arguments.number(QStringLiteral("--panels"), 1, 1, kMostPanels);
-    const unsigned length = arguments.number(QStringLiteral("--length"), kDefaultLength, 1, kLongestPanel);
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
     KRC_KrolleProject& view = document.view();
 
-    const Krolle::Shot_t neighbour
-        = NamedObjects::shot(view, arguments.value(side), arguments.value(QStringLiteral("--sequence")));
+    const Krolle::Shot_t neighbour = NamedObjects::shot(view, where.neighbour, where.sequence);
     const SC_Id neighbourId = neighbour.id();
-    const QString proposal = view.nameHelper()->getPreferedNewSceneName(neighbour.id(), after);
+    const QString proposal = view.nameHelper()->getPreferedNewSceneName(neighbourId, where.after);
     const KRC_ObjectName act = neighbour.sceneInfo()->actName();
     const KRC_ObjectName sequence = neighbour.sceneInfo()->sequenceName();
-    const int index = HostAuthoring::shotIndex(document.project(), neighbour.id()) + (after ? 1 : 0);
+    const int index = HostAuthoring::shotIndex(document.project(), neighbourId) + (where.after ? 1 : 0);
 
     QString error;
-    const SC_Id id = HostAuthoring::insertShot(
-        document.project(), static_cast<unsigned>(index), std::vector<unsigned>(panels, length), &error);
+    const SC_Id id = HostAuthoring::insertShot(document.project(), static_cast<unsigned>(index),
+        std::vector<unsigned>(panels, where.length), &error);
     if (id.isNull())
-        throw ToolError::failure(QStringLiteral("cannot insert a shot %1 %2: %3")
-                                     .arg(after ? QStringLiteral("after") : QStringLiteral("before"),
-                                         NamedObjects::shotLabel(view, neighbour), error));
+        refused("shot", where, NamedObjects::shotLabel(view, neighbour), error);
     document.notify();
     const Krolle::Shot_t shot = view.getShotByID(id);
     KRC_SceneInfo* info = shot.sceneInfo();
@@ -75,11 +58,7 @@ ExitStatus InsertShotCommand::run(const ArgumentValues& arguments)
     NameWriter::copy(info->sequenceName(), sequence);
     document.save();
 
-    Console::out(QStringLiteral("inserted %1 (%2 name, frames %3-%4) %5 %6; saved %7\n")
-                     .arg(NamedObjects::shotLabel(view, shot),
-                         proposal.isEmpty() ? QStringLiteral("automatic") : QStringLiteral("custom"),
-                         QString::number(shot.firstFrame()), QString::number(shot.lastFrame()),
-                         after ? QStringLiteral("after") : QStringLiteral("before"),
-                         NamedObjects::shotLabel(view, view.getShotByID(neighbourId)), document.path()));
+    reportInserted(NamedObjects::shotLabel(view, shot), proposal, shot.firstFrame(), shot.lastFrame(), where,
+        NamedObjects::shotLabel(view, view.getShotByID(neighbourId)), document.path());
     return ExitStatus::Success;
 }

@@ -54,7 +54,7 @@ NewCommand::NewCommand()
         "Panels last 6 to 36 frames, transitions up to 12; the same options always give the same project.\n"
         "Shots and panels get automatic names; acts and sequences custom ones.\n"
         "\n"
-        "example: krolle new big.krl --shots 2000 --panels-per-shot 10 --transition-every 10 --acts 3 "
+        "example: krolle new big.xml --shots 2000 --panels-per-shot 10 --transition-every 10 --acts 3 "
         "--sequences 40"));
 }
 

@@ -39,7 +39,7 @@ RulesCommand::RulesCommand()
         "alpha-z-prefix, alpha-z-repeat, by-n; nameSuffixDelimiter: none, underscore, dot;\n"
         "nameSuffixType: none, number, upper, lower)\n"
         "\n"
-        "example: krolle rules demo.krl --set shot.autoIncrementRule=by-n shot.autoIncrementValue=10"));
+        "example: krolle rules demo.xml --set shot.autoIncrementRule=by-n shot.autoIncrementValue=10"));
 }
 
 ExitStatus RulesCommand::run(const ArgumentValues& arguments)
