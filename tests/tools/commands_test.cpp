@@ -123,6 +123,50 @@ TEST_F(ToolCommands, NewMakesWhatItIsAskedForAndTheSameSeedTheSameFile)
     EXPECT_NE(sandbox.read("a.xml"), sandbox.read("c.xml"));
 }
 
+TEST_F(ToolCommands, FramesResolveToTheShotsAndPanelsAroundThem)
+{
+    // small.xml: shot 1 frames 1-27 (panels 1-11, 12-27), shot 2 28-57 (28-46, 47-57),
+    // a transition 46-57, shot 3 46-87 (46-66, 67-87).
+    const struct
+    {
+        unsigned frame;
+        int previousShot, previousPanel, nextShot, nextPanel; // 0: one side only
+        bool transition;
+    } cases[] = {
+        { 1, 1, 1, 0, 0, false },
+        { 27, 1, 2, 0, 0, false },
+        { 28, 2, 1, 0, 0, false },
+        { 45, 2, 1, 0, 0, false },
+        { 46, 2, 1, 3, 1, true },
+        { 57, 2, 2, 3, 1, true },
+        { 58, 3, 1, 0, 0, false },
+        { 87, 3, 2, 0, 0, false },
+    };
+    for (const auto& c : cases) {
+        const QJsonObject answer = jsonOf(ok({ "at", "small.xml", QString::number(c.frame), "--json" }));
+        const QJsonArray sides = answer.value("sides").toArray();
+        EXPECT_EQ(answer.value("transition").isNull(), !c.transition) << c.frame;
+        ASSERT_EQ(sides.size(), c.nextShot ? 2 : 1) << c.frame;
+        auto number = [&](int side, const char* what) {
+            return sides.at(side).toObject().value(what).toObject().value("number").toInt();
+        };
+        EXPECT_EQ(number(0, "shot"), c.previousShot) << c.frame;
+        EXPECT_EQ(number(0, "panel"), c.previousPanel) << c.frame;
+        if (c.nextShot) {
+            EXPECT_EQ(number(1, "shot"), c.nextShot) << c.frame;
+            EXPECT_EQ(number(1, "panel"), c.nextPanel) << c.frame;
+        }
+    }
+}
+
+TEST_F(ToolCommands, NoProgressBarWhenStandardErrorIsNoTerminal)
+{
+    // Large enough for the bars of generating and naming; the tests' standard error is a pipe.
+    const ToolRun run = sandbox.run({ "new", "large.xml", "--shots", "2500", "--panels-per-shot", "1" });
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TRUE(run.err.isEmpty()) << run.err.toStdString();
+}
+
 TEST_F(ToolCommands, AFrameOutsideTheShotsIsAFinding)
 {
     const ToolRun run = sandbox.run({ "at", "small.xml", "88" });
