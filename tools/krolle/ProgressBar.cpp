@@ -55,6 +55,6 @@ void ProgressBar::draw(int percent)
     const int filled = percent * kBarWidth / 100;
     Console::err(
         QStringLiteral("\r%1 [%2%3] %4%")
-            .arg(m_label, QString(filled, QLatin1Char('#')), QString(kBarWidth - filled, QLatin1Char('.')))
-            .arg(percent, 3));
+            .arg(m_label, QString(filled, QLatin1Char('#')), QString(kBarWidth - filled, QLatin1Char('.')),
+                QString::number(percent).rightJustified(3)));
 }
