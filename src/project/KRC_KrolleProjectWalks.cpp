@@ -169,28 +169,36 @@ Trans_t KRC_KrolleProject::getTransByNdx(unsigned ndx) const
     return stepInWalk(beginTrans(), ndx);
 }
 
-Shot_t KRC_KrolleProject::getShotByID(SC_Id const& id) const
+namespace {
+
+/// The cached object with that id (a tree search), else the first of a walk that has
+/// it; the walk fills the cache as it goes.
+template <class Handle, class Iterator>
+Handle findById(
+    Krolle::ObjectCache<Handle> const& cache, SC_Id const& id, Iterator const& begin, Iterator const& end)
 {
-    Shot_t const cached = d->shotCache.findById(id);
+    Handle const cached = cache.findById(id);
     if (cached.isValid())
         return cached;
-    return findInWalk(beginShot(), endShot(), [&id](Shot_t const& shot) { return shot.id() == id; });
+    return findInWalk(begin, end, [&id](Handle const& object) { return object.id() == id; });
 }
 
+} // namespace
+
+Shot_t KRC_KrolleProject::getShotByID(SC_Id const& id) const
+{
+    return findById(d->shotCache, id, beginShot(), endShot());
+}
+
+// The panel cache answers only while the cache is enabled, like every cache.
 Panel_t KRC_KrolleProject::getPanelByID(SC_Id const& id) const
 {
-    Panel_t const cached = d->panelCache.findById(id);
-    if (cached.isValid())
-        return cached;
-    return findInWalk(beginPanel(), endPanel(), [&id](Panel_t const& panel) { return panel.id() == id; });
+    return findById(d->panelCache, id, beginPanel(), endPanel());
 }
 
 Trans_t KRC_KrolleProject::getTransByID(SC_Id const& id) const
 {
-    Trans_t const cached = d->transCache.findById(id);
-    if (cached.isValid())
-        return cached;
-    return findInWalk(beginTrans(), endTrans(), [&id](Trans_t const& trans) { return trans.id() == id; });
+    return findById(d->transCache, id, beginTrans(), endTrans());
 }
 
 PanelTrans_t KRC_KrolleProject::getPanelTransById(SC_Id const& id) const

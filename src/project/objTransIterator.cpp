@@ -40,40 +40,41 @@ template <class T> objTransIterator<T>& objTransIterator<T>::retreat()
     return *this;
 }
 
+namespace {
+
+/// Puts the iterator on the project's first (last) object, or on a transition that
+/// lies at or beyond it: before the first object, after the last.
+template <class T> void toEnd(objTransIterator<T>& it, bool last)
+{
+    KRC_KrolleProject const* project = it.project;
+    if (!project) {
+        it.object = T();
+        it.trans = Trans_t::invalid;
+        return;
+    }
+    Trans_t const end = last ? project->last(Trans_t::invalid) : project->first(Trans_t::invalid);
+    it.object = last ? project->last(it.object) : project->first(it.object);
+    bool const inside
+        = last ? end.lastFrame() < it.object.lastFrame() : end.firstFrame() > it.object.firstFrame();
+    if (inside) {
+        it.trans = Trans_t::invalid;
+    } else {
+        it.trans = end;
+        it.transAfterObject = last;
+    }
+}
+
+} // namespace
+
 template <class T> objTransIterator<T>& objTransIterator<T>::toFirst()
 {
-    if (!project) {
-        object = T();
-        trans = Trans_t::invalid;
-        return *this;
-    }
-    Trans_t const firstTrans = project->first(Trans_t::invalid);
-    object = project->first(object);
-    // A transition that starts at or before the first object stands before it.
-    if (firstTrans.firstFrame() > object.firstFrame()) {
-        trans = Trans_t::invalid;
-    } else {
-        trans = firstTrans;
-        transAfterObject = false;
-    }
+    toEnd(*this, false);
     return *this;
 }
 
 template <class T> objTransIterator<T>& objTransIterator<T>::toLast()
 {
-    if (!project) {
-        object = T();
-        trans = Trans_t::invalid;
-        return *this;
-    }
-    Trans_t const lastTrans = project->last(Trans_t::invalid);
-    object = project->last(object);
-    if (lastTrans.lastFrame() < object.lastFrame()) {
-        trans = Trans_t::invalid;
-    } else {
-        trans = lastTrans;
-        transAfterObject = true;
-    }
+    toEnd(*this, true);
     return *this;
 }
 

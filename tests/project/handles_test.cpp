@@ -265,14 +265,19 @@ TEST(TransitionFields, TheNameIsReadOnceForAllCopies)
     EXPECT_EQ(QStringLiteral("Slide"), Trans_t(block.get()).name());
 }
 
-TEST(PanelOrTransition, HoldsOneHalfAndCopiesDeeply)
+/// A transition and a panel over blocks of their own.
+class PanelOrTransition : public testing::Test
 {
-    auto const transBlock = transitionBlock(4);
+protected:
     int calls = 0;
-    auto const panelBlock = warpBlock(1, 4, 1.0, 4.0, &calls);
-    Trans_t const transition(transBlock.get());
-    Panel_t const panel(panelBlock.get(), nullptr, Shot_t(), nullptr);
+    std::unique_ptr<AT_FrameBlock> const transBlock = transitionBlock(4);
+    std::unique_ptr<AT_FrameBlock> const panelBlock = warpBlock(1, 4, 1.0, 4.0, &calls);
+    Trans_t const transition { transBlock.get() };
+    Panel_t const panel { panelBlock.get(), nullptr, Shot_t(), nullptr };
+};
 
+TEST_F(PanelOrTransition, HoldsOneHalfAndCopiesDeeply)
+{
     PanelTrans_t holder(panel);
     EXPECT_TRUE(holder.isPanel());
     EXPECT_FALSE(holder.isTrans());
@@ -292,13 +297,8 @@ TEST(PanelOrTransition, HoldsOneHalfAndCopiesDeeply)
     EXPECT_TRUE(holder.isTrans());
 }
 
-TEST(PanelOrTransition, Comparisons)
+TEST_F(PanelOrTransition, Comparisons)
 {
-    auto const transBlock = transitionBlock(4);
-    int calls = 0;
-    auto const panelBlock = warpBlock(1, 4, 1.0, 4.0, &calls);
-    Trans_t const transition(transBlock.get());
-    Panel_t const panel(panelBlock.get(), nullptr, Shot_t(), nullptr);
     Panel_t const samePanel(panelBlock.get(), nullptr, Shot_t(), nullptr);
 
     struct Case

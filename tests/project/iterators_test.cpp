@@ -36,11 +36,13 @@ template <class T> std::vector<T> reversed(std::vector<T> values)
     return values;
 }
 
-class Walks : public testing::TestWithParam<bool>
+class Walks : public CacheStateTest
 {
 protected:
-    void SetUp() override { board->setCacheEnabled(GetParam()); }
-    ProjectBoard board { QString::fromLatin1(kBoard) };
+    Walks()
+        : CacheStateTest(kBoard)
+    {
+    }
 };
 
 TEST_P(Walks, VisitEveryObjectInFrameOrderBothWays)
@@ -70,10 +72,7 @@ TEST_P(Walks, PanelsOfOneShotEndAtTheNextShotsFirstPanel)
     EXPECT_TRUE(view.rendPanel(board.shotAt(0)) == view.rendPanel());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Iterators, Walks, testing::Values(true, false), [](testing::TestParamInfo<bool> const& info) {
-        return std::string(info.param ? "CacheOn" : "CacheOff");
-    });
+INSTANTIATE_CACHE_STATES(Iterators, Walks);
 
 TEST(IteratorSurface, WorksWithTheStandardAlgorithms)
 {

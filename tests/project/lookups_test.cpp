@@ -74,14 +74,17 @@ FrameCase const kTransitionFrames[] = {
     { 15, 2, 2, { 2, 0 }, { 2, 0 }, 2 }, { 16, -1, -1, { -1, 0 }, { -1, 0 }, -1 }, // past the end
 };
 
-class TransitionFrames : public testing::TestWithParam<bool>
+class TransitionFrames : public CacheStateTest
 {
+protected:
+    TransitionFrames()
+        : CacheStateTest(kTransitions)
+    {
+    }
 };
 
 TEST_P(TransitionFrames, ResolveToTheAskedSide)
 {
-    ProjectBoard board(QString::fromLatin1(kTransitions));
-    board->setCacheEnabled(GetParam());
     for (int pass = 0; pass < 2; ++pass) { // cold, then warm
         for (FrameCase const& c : kTransitionFrames)
             expectFrame(board, c);
@@ -89,10 +92,7 @@ TEST_P(TransitionFrames, ResolveToTheAskedSide)
     EXPECT_TRUE(projectViewIsConsistent(board.view()));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Lookups, TransitionFrames, testing::Values(true, false), [](testing::TestParamInfo<bool> const& info) {
-        return std::string(info.param ? "CacheOn" : "CacheOff");
-    });
+INSTANTIATE_CACHE_STATES(Lookups, TransitionFrames);
 
 // S0 covers frames 1-7 and shows symbol frames 3-9 of panels [1,4] [5,8] [9,12]:
 // the first panel is cut to its last two frames, the last one to its first.

@@ -15,18 +15,16 @@ char const* const kBoard = "T2 S[3,3] S[4] T2 S[2,2] S[5] S[1,2] T1";
 char const* const kGroups = "A/S1 A/S1 A/S2 B/S2 B/S1";
 
 /// Navigation boards, with the cache on or off.
-class Navigation : public testing::TestWithParam<bool>
+class Navigation : public CacheStateTest
 {
 protected:
-    void SetUp() override
+    Navigation()
+        : CacheStateTest(kBoard)
     {
-        board.group(QString::fromLatin1(kGroups));
-        board->setCacheEnabled(GetParam());
     }
+    void SetUp() override { board.group(QString::fromLatin1(kGroups)); }
 
     SC_Id shot(int index) const { return index < 0 ? invalidId : board.shot(size_t(index)); }
-
-    ProjectBoard board { QString::fromLatin1(kBoard) };
 };
 
 struct ShotSteps
@@ -209,10 +207,7 @@ TEST_P(Navigation, WithoutSequencesOnlyActsRun)
     EXPECT_EQ(3u, view.numOfKRScenesInCurKRAct(s));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Project, Navigation, testing::Values(true, false), [](testing::TestParamInfo<bool> const& info) {
-        return std::string(info.param ? "CacheOn" : "CacheOff");
-    });
+INSTANTIATE_CACHE_STATES(Project, Navigation);
 
 TEST(NavigationWithoutNames, AllShotsFormOneAct)
 {

@@ -10,11 +10,13 @@ namespace {
 
 char const* const kBoard = "T2 S[3,3] S[4] T2 S[2,2] S[5] S[1,2] T1";
 
-class WalksTest : public testing::TestWithParam<bool>
+class WalksTest : public CacheStateTest
 {
 protected:
-    void SetUp() override { board->setCacheEnabled(GetParam()); }
-    ProjectBoard board { QString::fromLatin1(kBoard) };
+    WalksTest()
+        : CacheStateTest(kBoard)
+    {
+    }
 };
 
 TEST_P(WalksTest, CountsAndIndices)
@@ -118,10 +120,7 @@ TEST_P(WalksTest, ShotsByName)
     EXPECT_EQ(KRC_KrolleProject::invalidNdx, view.getShotNdx(QStringLiteral("sc11")));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Project, WalksTest, testing::Values(true, false), [](testing::TestParamInfo<bool> const& info) {
-        return std::string(info.param ? "CacheOn" : "CacheOff");
-    });
+INSTANTIATE_CACHE_STATES(Project, WalksTest);
 
 struct BetweenCase
 {

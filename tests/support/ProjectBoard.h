@@ -9,7 +9,10 @@
 
 #include <QString>
 
+#include <gtest/gtest.h>
+
 #include <memory>
+#include <string>
 
 /// Builds the project (failing the current test on a refused description) and opens
 /// a view over it. The view goes first, then the project, then the manager.
@@ -54,3 +57,26 @@ public:
 private:
     std::unique_ptr<KRC_KrolleProject> m_view;
 };
+
+/// Base of tests that run twice over one board, with the view's caches on and off, as
+/// the test's parameter says. Instantiate with INSTANTIATE_CACHE_STATES.
+class CacheStateTest : public testing::TestWithParam<bool>
+{
+protected:
+    explicit CacheStateTest(char const* description)
+        : board(QString::fromLatin1(description))
+    {
+        board->setCacheEnabled(GetParam());
+    }
+
+    ProjectBoard board;
+};
+
+/// Names the two runs of a CacheStateTest.
+inline std::string cacheStateName(testing::TestParamInfo<bool> const& info)
+{
+    return info.param ? "CacheOn" : "CacheOff";
+}
+
+#define INSTANTIATE_CACHE_STATES(prefix, fixture)                                                            \
+    INSTANTIATE_TEST_SUITE_P(prefix, fixture, testing::Values(true, false), cacheStateName)
