@@ -94,6 +94,10 @@ TEST(ProjectNames, TheViewGivesItsHelperToEveryShotAndPanel)
     // Shots start custom-named; as auto names they count over the whole project.
     names.makeShotsAuto();
     EXPECT_EQ(names.shotNames(), Names({ "1", "2", "3" }));
+    // An invalid panel has an empty name from the helper, a null one from its handle.
+    EXPECT_FALSE(names.helper().getPanelName(Panel_t::invalid).isNull());
+    EXPECT_TRUE(names.helper().getPanelName(Panel_t::invalid).isEmpty());
+    EXPECT_TRUE(Panel_t::invalid.name().isNull());
     // Panels found by frame carry the same helper.
     EXPECT_EQ(names.view().getPanelAt(7, KRC_KrolleProject::PreferPrevious).name(), QStringLiteral("1"));
 }
