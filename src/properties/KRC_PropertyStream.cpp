@@ -11,8 +11,10 @@ namespace {
 // risking the stack.
 constexpr int kMaxDepth = 32;
 
-// Type numbers of the oldest stream form (version 6), by position, in today's numbering.
-// Positions past the end, and the colour group at 12, read as an invalid value.
+// Type numbers of the oldest stream form (version 6), by position, in today's numbering,
+// as Qt reads them: Qt maps position 35 to the easing curve, a type whose reader must
+// not see untrusted bytes, so it has to be known here to be refused. Positions past the
+// end, and the colour group at 12, read as an invalid value.
 const int kOldestFormTypes[] = {
     QMetaType::UnknownType,
     QMetaType::QVariantMap,
@@ -49,6 +51,7 @@ const int kOldestFormTypes[] = {
     QMetaType::QPen,
     QMetaType::LongLong,
     QMetaType::ULongLong,
+    QMetaType::QEasingCurve,
 };
 
 // The type number that a stream of the given version means by `raw`, in today's numbering.

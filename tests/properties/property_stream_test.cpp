@@ -7,6 +7,7 @@
 #include "properties/KRC_PropertyFromRange.h"
 #include "properties/KRC_PropertyStream.h"
 #include "support/PropertyBlobs.h"
+#include "support/QtWarningCapture.h"
 
 #include <QDate>
 #include <QFont>
@@ -98,6 +99,37 @@ TEST(PropertyStream, EveryAcceptedTypeReadsBackInEveryVersion)
                 EXPECT_EQ(reloaded.userType(), type) << version << " " << value.typeName();
             }
             EXPECT_TRUE(in.atEnd());
+        }
+    }
+}
+
+// Qt's own reading of a bare head (type tag and null flag) shows which type it makes
+// of a tag; whatever the guarded reader lets through must be a type it accepts.
+TEST(PropertyStream, EveryTypeTagIsMappedAsQtMapsIt)
+{
+    QtWarningCapture capture;
+    for (int version : { kLegacy, kCurrent, int(QDataStream::Qt_5_15) }) {
+        for (quint32 tag = 0; tag < 1100; ++tag) {
+            const auto head = [&](QDataStream& out) {
+                out << tag;
+                if (version >= QDataStream::Qt_4_2)
+                    out << qint8(0);
+            };
+            QVariant qtValue;
+            QDataStream qtIn(PropertyBlobs::raw(version, head));
+            qtIn.setVersion(version);
+            qtIn >> qtValue;
+            const QByteArray blob = PropertyBlobs::raw(version, [&](QDataStream& out) {
+                head(out);
+                out.writeRawData(QByteArray(64, '\0').constData(), 64);
+            });
+            QDataStream in(blob);
+            in.setVersion(version);
+            QVariant value;
+            if (KRC_PropertyStream::readVariant(in, value)) {
+                EXPECT_TRUE(KRC_PropertyStream::acceptsType(qtValue.userType(), version))
+                    << "version " << version << " tag " << tag << " read by Qt as " << qtValue.typeName();
+            }
         }
     }
 }
