@@ -1,7 +1,9 @@
 // Frame lookups of the project view over every frame of a project, with the caches
 // warm (filled by a first pass) and cold (dropped before each pass). A warm lookup
 // is a cache search plus the engine's block count, so its cost per frame must hardly
-// grow with the project; a cold pass builds every handle once, n log n at most.
+// grow with the project; a cold pass builds every handle once, n log n at most. The
+// cold passes are also timed after flushing the processor's caches, which puts a
+// project that fits them and one that does not on equal terms (see bench_boards.h).
 #include "bench_boards.h"
 
 #include <benchmark/benchmark.h>
@@ -10,19 +12,31 @@ namespace {
 
 using Priority = KRC_KrolleProject::ResolutionPriority;
 
-template <class Lookup> void passOverEveryFrame(benchmark::State& state, bool warm, Lookup lookup)
+enum class Start
+{
+    Warm,
+    Cold,
+    ColdFlushed
+};
+
+template <class Lookup> void passOverEveryFrame(benchmark::State& state, Start start, Lookup lookup)
 {
     BenchBoard& board = BenchBoard::ofPanels(unsigned(state.range(0)));
     KRC_KrolleProject& view = *board.view;
     unsigned const frames = board.frames();
     view.invalidate();
-    if (warm) {
+    if (start == Start::Warm) {
         for (unsigned frame = 1; frame <= frames; ++frame)
             benchmark::DoNotOptimize(lookup(view, frame));
     }
     for (auto _ : state) {
-        if (!warm)
+        if (start != Start::Warm)
             view.invalidate();
+        if (start == Start::ColdFlushed) {
+            state.PauseTiming();
+            flushProcessorCaches();
+            state.ResumeTiming();
+        }
         for (unsigned frame = 1; frame <= frames; ++frame)
             benchmark::DoNotOptimize(lookup(view, frame));
     }
@@ -41,19 +55,28 @@ auto const panelAt = [](KRC_KrolleProject& view, unsigned frame) {
 
 void BM_ShotAtWarm(benchmark::State& state)
 {
-    passOverEveryFrame(state, true, shotAt);
+    passOverEveryFrame(state, Start::Warm, shotAt);
 }
 void BM_ShotAtCold(benchmark::State& state)
 {
-    passOverEveryFrame(state, false, shotAt);
+    passOverEveryFrame(state, Start::Cold, shotAt);
 }
 void BM_PanelAtWarm(benchmark::State& state)
 {
-    passOverEveryFrame(state, true, panelAt);
+    passOverEveryFrame(state, Start::Warm, panelAt);
 }
 void BM_PanelAtCold(benchmark::State& state)
 {
-    passOverEveryFrame(state, false, panelAt);
+    passOverEveryFrame(state, Start::Cold, panelAt);
+}
+
+void BM_ShotAtColdFlushed(benchmark::State& state)
+{
+    passOverEveryFrame(state, Start::ColdFlushed, shotAt);
+}
+void BM_PanelAtColdFlushed(benchmark::State& state)
+{
+    passOverEveryFrame(state, Start::ColdFlushed, panelAt);
 }
 
 } // namespace
@@ -62,3 +85,5 @@ BENCHMARK(BM_ShotAtWarm)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMill
 BENCHMARK(BM_ShotAtCold)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PanelAtWarm)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PanelAtCold)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ShotAtColdFlushed)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PanelAtColdFlushed)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
