@@ -18,7 +18,7 @@
 ///
 /// Accepted value types: invalid, every numeric type, QChar, QString, QByteArray,
 /// QBitArray, QStringList, QVariantList, QVariantMap and QVariantHash (recursively),
-/// QDate, QTime, QDateTime, QUrl, QUuid, QLocale, QRegExp, QRegularExpression, the
+/// QDate, QTime, QDateTime, QUrl, QUuid, QLocale, QRegularExpression, the
 /// point/size/rect/line families, QFont, QColor, QKeySequence, QTextLength, QMatrix,
 /// QTransform, QMatrix4x4 and the vector and quaternion types. Writing
 /// takes any type, as QDataStream does.

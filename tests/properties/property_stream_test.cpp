@@ -181,6 +181,8 @@ TEST(PropertyStream, HostileLengthsTagsAndNestingFailCleanly)
         hostile(QVariant::ByteArray, count(0x7ffffff0)),
         hostile(71, count(0x7fffffff)), // a polygon: its reader trusts the count
         hostile(66, count(3)), // a brush
+        hostile(QVariant::RegExp, // compiled on reading: gigabytes for this pattern
+            [](QDataStream& out) { out << QString("((a{1000}){1000}){1000}") << quint8(1) << quint16(0); }),
         hostile(127, [](QDataStream& out) { out << QByteArray("QPolygonF") << quint32(0x7fffffff); }),
         hostile(1024, count(1)),
         hostile(QVariant::List,
