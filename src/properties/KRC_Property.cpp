@@ -194,7 +194,7 @@ KRC_Property* KRC_Property::clone() const
     return new KRC_Property(d->name, d->value, d->definition);
 }
 
-QString KRC_Property::regenarationScript(QString const& objectName) const
+QString KRC_Property::regenarationScript(QString const& objectName)
 {
     const QString script = toScriptString();
     if (script.isEmpty())

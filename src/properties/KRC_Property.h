@@ -65,7 +65,7 @@ public:
     /// damaged stream nothing is changed and the result is false.
     virtual bool load(QDataStream& in);
     virtual KRC_Property* clone() const;
-    virtual QString regenarationScript(QString const& objectName) const;
+    virtual QString regenarationScript(QString const& objectName);
     virtual int propertyType() const;
 
     QString const& name() const;

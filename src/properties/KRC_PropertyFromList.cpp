@@ -104,7 +104,7 @@ KRC_Property* KRC_PropertyFromList::clone() const
         name(), value(), d->possibleValues, d->allowEmpty, d->allowMultiple, definition());
 }
 
-QString KRC_PropertyFromList::regenarationScript(QString const& objectName) const
+QString KRC_PropertyFromList::regenarationScript(QString const& objectName)
 {
     QStringList items;
     for (auto it = d->possibleValues.cbegin(); it != d->possibleValues.cend(); ++it)

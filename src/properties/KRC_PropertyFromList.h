@@ -39,7 +39,7 @@ public:
     bool store(QDataStream& out) const override;
     bool load(QDataStream& in) override;
     KRC_Property* clone() const override;
-    QString regenarationScript(QString const& objectName) const override;
+    QString regenarationScript(QString const& objectName) override;
     int propertyType() const override;
 
     QMap<QString, QVariant> const& possibleValues() const;

@@ -9,6 +9,8 @@
 #include <QTime>
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 namespace {
 
 UT_SharedPtr<KRC_PropertyDefinition> definition(bool readOnly, bool internal = false)
@@ -149,6 +151,10 @@ INSTANTIATE_TEST_SUITE_P(AllKnownTypes, PropertyFromString,
         ParseCase { QTime(), "13:05:09", kTime },
         ParseCase { QDateTime(), "2012-03-01T13:05:09", QDateTime(kDate, kTime) },
         ParseCase { QColor(), "#00ff00", QColor(0, 255, 0) }));
+
+// Hosts override the script line with this very signature.
+static_assert(std::is_same<decltype(&KRC_Property::regenarationScript),
+    QString (KRC_Property::*)(QString const&)>::value);
 
 TEST(PropertyValue, RegenerationScriptFillsEachMarkerInTurn)
 {
