@@ -80,8 +80,10 @@ void KRC_PropertiedObject::getAllProperties(std::list<KRC_Property*>& properties
     if (d->ordered.empty())
         return;
     std::set<QString> present;
-    for (KRC_Property* property : properties)
-        present.insert(property->name());
+    for (KRC_Property* property : properties) {
+        if (property)
+            present.insert(property->name());
+    }
     for (KRC_Property* property : d->ordered) {
         if (present.insert(property->name()).second)
             properties.push_back(property);
@@ -148,6 +150,8 @@ bool KRC_PropertiedObject::propertiesCompare(KRC_PropertiedObject const* other) 
     std::list<KRC_Property*> theirs;
     other->getAllProperties(theirs);
     for (KRC_Property* property : theirs) {
+        if (!property)
+            continue;
         KRC_Property* mine = getProperty(property->name());
         if (!mine)
             return false;
@@ -349,8 +353,8 @@ void KRC_PropertiedObject::propertiesCopyFrom(KRC_PropertiedObject const* source
     std::list<KRC_Property*> theirs;
     source->getAllProperties(theirs);
     for (KRC_Property* property : theirs) {
-        KRC_Property* mine = getProperty(property->name());
-        if (mine == property)
+        KRC_Property* mine = property ? getProperty(property->name()) : nullptr;
+        if (!property || mine == property)
             continue;
         if (mine)
             mine->setValue(*property);

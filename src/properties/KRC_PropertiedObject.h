@@ -26,7 +26,8 @@ class KRC_PropertiedObjectPrivate;
 /// The three virtual getAllProperties operations form a union by name, entries already
 /// in the caller's container winning: a subclass can put its own properties ahead of
 /// the owned ones, and propertiesCount, propertiesCompare and propertiesCopyFrom see
-/// them. store writes only the owned properties; load only sets owned ones (a file
+/// them; null entries that a subclass puts in the list are passed over (but counted by
+/// propertiesCount). store writes only the owned properties; load only sets owned ones (a file
 /// can't add properties) and stops at the first child whose value does not set.
 ///
 /// It is a KRC_PropertyObserver for subclasses to use; it does not watch its own

@@ -30,10 +30,13 @@ public:
     using KRC_PropertiedObject::getAllProperties;
     void getAllProperties(std::list<KRC_Property*>& properties) const override
     {
+        if (withNull)
+            properties.push_back(nullptr);
         properties.push_back(const_cast<KRC_Property*>(&extra));
         KRC_PropertiedObject::getAllProperties(properties);
     }
     KRC_Property extra { "a", QVariant(100), nullptr };
+    bool withNull = false;
 };
 
 TEST(PropertiedObject, ReplacingKeepsThePlaceAndDeletesTheOldOne)
@@ -126,6 +129,14 @@ TEST(PropertiedObject, CompareRunsOneWayOverTheVirtualList)
     same.addProperty("a", 100);
     same.addProperty("b", 2);
     EXPECT_TRUE(same.propertiesCompare(&extended));
+
+    // A null entry of a subclass is passed over by every walk of the list.
+    extended.withNull = true;
+    EXPECT_TRUE(same.propertiesCompare(&extended));
+    EXPECT_EQ(extended.propertiesCount(), 3u);
+    same.propertiesSetFrom(&extended);
+    EXPECT_EQ(names(same), QStringList({ "a", "b" }));
+    EXPECT_EQ(same.getPropertyInt("a", 0), 100);
 }
 
 TEST(PropertiedObject, CopyOperationsMoveValuesOrClones)
