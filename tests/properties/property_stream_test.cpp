@@ -67,6 +67,38 @@ TEST_P(StreamRoundTrip, KindValueDefinitionAndConstraintsComeBack)
 INSTANTIATE_TEST_SUITE_P(EveryKind, StreamRoundTrip,
     ::testing::Combine(::testing::Range(0, 5), ::testing::Values(kCurrent, kLegacy)));
 
+// The item sequence that stored blobs hold, written out by hand: a reader elsewhere
+// depends on this exact form, not only on this class reading its own output.
+TEST(PropertyStream, StoredItemsAreInTheFixedOrderAndWidths)
+{
+    const auto base = [](QDataStream& out, QString const& name, QVariant const& value) {
+        out << name << value << QString("Long text") << QString("Short") << qint32(1) << qint32(0);
+    };
+    const std::function<void(QDataStream&)> expected[] = {
+        [&](QDataStream& out) { base(out, "plain", 42); },
+        [&](QDataStream& out) {
+            base(out, "list", QString("y"));
+            out << QVariant(QVariantMap { { "a", "x" }, { "b", "y" } }) << qint32(1) << qint32(0);
+        },
+        [&](QDataStream& out) {
+            base(out, "range", 2.5);
+            out << QVariant(1.0) << QVariant(3.0);
+        },
+        [&](QDataStream& out) {
+            base(out, "file", QString("/tmp/a.png"));
+            out << QString("*.png");
+        },
+        [&](QDataStream& out) { base(out, "font", QFont("Sans", 12)); },
+    };
+    for (int version : { kCurrent, kLegacy }) {
+        for (int kind = 0; kind < 5; ++kind) {
+            EXPECT_EQ(PropertyBlobs::store(*sample(kind), version).toHex(),
+                PropertyBlobs::raw(version, expected[kind]).toHex())
+                << "kind " << kind << " version " << version;
+        }
+    }
+}
+
 TEST(PropertyStream, EveryAcceptedValueTypeComesBack)
 {
     const QVariantList values { true, -3, 4u, -(qlonglong(1) << 40), qulonglong(1) << 63, 0.1, QString(),
