@@ -110,6 +110,23 @@ public:
     }
 };
 
+/// Two iterators as a range, for a range-for loop over any of the walks:
+///
+///     for (Krolle::Shot_t const& shot : Krolle::range(view.beginShot(), view.endShot()))
+template <class Iterator> struct objrange
+{
+    Iterator first;
+    Iterator last;
+
+    Iterator begin() const { return first; }
+    Iterator end() const { return last; }
+};
+
+template <class Iterator> objrange<Iterator> range(Iterator const& begin, Iterator const& end)
+{
+    return { begin, end };
+}
+
 // The steps ask the project, so they are compiled once, beside it, for the three kinds
 // of handle.
 extern template class objiterator<Shot_t>;
