@@ -89,11 +89,12 @@ template <class Iterator, class Test> unsigned sequenceIndex(Iterator it, Iterat
 template <class Iterator, class T> unsigned actIndex(Iterator it, Iterator const& end, T const& target)
 {
     QString previous;
-    for (unsigned count = 0; it != end; ++it) {
+    // The first object is told by its place: a custom act name may be null.
+    for (unsigned count = 0, place = 0; it != end; ++it, ++place) {
         if (*it == target)
             return count;
         QString const name = it->actName();
-        if (!previous.isNull() && name != previous)
+        if (place > 0 && name != previous)
             ++count;
         previous = name;
     }

@@ -5,6 +5,8 @@
 #include "support/WalkIds.h"
 
 #include "host/engine/HostAuthoring.h"
+#include "metadata/KRC_SceneInfo.h"
+#include "naming/KRC_ObjectName.h"
 
 #include <gtest/gtest.h>
 
@@ -152,6 +154,17 @@ TEST(KeptRuns, CountsOfActsAndSequencesFollowARenameOnceTheCachesGo)
     board.nameShot(0, QString(), QStringLiteral("R"), QStringLiteral("Z"));
     EXPECT_EQ(3u, board->actCount()); // nothing is kept while the cache is off
     EXPECT_EQ(2u, board->sequenceCount());
+}
+
+TEST(ActIndices, AnActWithACustomButEmptyNameIsAnActLikeAnyOther)
+{
+    ProjectBoard board(QStringLiteral("S[3] S[3] S[3]"));
+    board.group(QStringLiteral("A/S B/S B/S"));
+    board.shotAt(0).sceneInfo()->actName().setValue(QString());
+    unsigned const expected[] = { 0, 0, 1 };
+    for (size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(expected[i], board->getActNdx(board.shotAt(i))) << "shot " << i;
+    EXPECT_EQ(2u, board->actCount());
 }
 
 TEST(ReverseTables, AreFilledAnewAfterAnEditAlsoWithTheCacheOff)
