@@ -167,6 +167,28 @@ TEST(ActIndices, AnActWithACustomButEmptyNameIsAnActLikeAnyOther)
     EXPECT_EQ(2u, board->actCount());
 }
 
+/// Opens buildAll, which the library keeps for its subclasses.
+class BuildingView : public KRC_KrolleProject
+{
+public:
+    using KRC_KrolleProject::buildAll;
+    using KRC_KrolleProject::KRC_KrolleProject;
+};
+
+TEST(BuildAll, FillsTheCachesWithEveryPanelAndTransition)
+{
+    ProjectBoard board(QStringLiteral("S[2,2] T2 S[3]"));
+    BuildingView view(board.project());
+    view.buildAll();
+    // Gone from the engine but not yet told: only a filled cache still knows them.
+    ASSERT_TRUE(HostAuthoring::removeShot(board.project(), board.shot(1)));
+    EXPECT_TRUE(view.isPanelValid(board.panel(1, 0)));
+    EXPECT_TRUE(view.isTransValid(board.transition(0)));
+    board.notify();
+    EXPECT_FALSE(view.isPanelValid(board.panel(1, 0)));
+    EXPECT_FALSE(view.isTransValid(board.transition(0)));
+}
+
 TEST(ReverseTables, AreFilledAnewAfterAnEditAlsoWithTheCacheOff)
 {
     ProjectBoard board(QStringLiteral("S[2] S[3]"));
