@@ -11,12 +11,10 @@
 
 #include <gtest/gtest.h>
 
-using Krolle::Panel_t;
-using Krolle::Shot_t;
-
 namespace {
 
 using Names = QStringList;
+using Rules = KRC_NamingRules::ObjRules;
 
 template <class It> Names namesOf(It it, It end)
 {
@@ -26,45 +24,40 @@ template <class It> Names namesOf(It it, It end)
     return names;
 }
 
-// A project view over a described timeline, with an empty preference store and
-// helpers to name its objects.
-class Board
+// A project view over a described timeline, with an empty preference store.
+struct Board
 {
-public:
     explicit Board(const char* description)
         : board(QString::fromLatin1(description))
     {
     }
 
-    KRC_KrolleProject& view() { return board.view(); }
     const KRC_NameHelper& helper() { return *board->nameHelper(); }
     KRC_NamingRules& rules() { return *board->namingRules(); }
-    SC_Id shotId(size_t i) const { return board.shot(i); }
-    SC_Id panelId(size_t shotIndex, size_t i) const { return board.panel(shotIndex, i); }
-    Shot_t shot(size_t i) { return board->getShotByID(shotId(i)); }
-
-    void nameShot(size_t i, const char* value) { setName(shot(i).sceneInfo()->name(), value); }
-    void nameSequence(size_t i, const char* value) { setName(shot(i).sceneInfo()->sequenceName(), value); }
-    void namePanel(size_t shotIndex, size_t i, const char* value)
+    SC_Id shot(size_t i) const { return board.shot(i); }
+    SC_Id panel(size_t shotIndex, size_t i) const { return board.panel(shotIndex, i); }
+    void nameShot(size_t i, const char* value) { board.nameShot(i, QString::fromLatin1(value)); }
+    void nameSequence(size_t i, const char* value) { board.nameShot(i, {}, QString::fromLatin1(value)); }
+    void namePanel(size_t shotIndex, size_t i, const QString& value)
     {
-        setName(board->getPanelByID(panelId(shotIndex, i)).panelInfo()->name(), value);
+        KRC_ObjectName& name = board.panelAt(shotIndex, i).panelInfo()->name();
+        name.setValue(value);
+        name.setFlag(KRC_ObjectName::kCustom);
     }
     // Shots start with a custom (empty) name; this makes them all auto-named.
     void makeShotsAuto()
     {
-        for (auto it = view().beginShot(); it != view().endShot(); ++it)
+        for (auto it = board->beginShot(); it != board->endShot(); ++it)
             it->sceneInfo()->name().setFlag(0);
     }
-
-    // The names of every shot, or of the panels of one shot (of every panel without one).
-    Names shotNames() { return namesOf(view().beginShot(), view().endShot()); }
-    Names panelNames(size_t shotIndex)
+    Names shotNames() { return namesOf(board->beginShot(), board->endShot()); }
+    Names panelNames(size_t i)
     {
-        return namesOf(view().beginPanel(shot(shotIndex)), view().endPanel(shot(shotIndex)));
+        return namesOf(board->beginPanel(board.shotAt(i)), board->endPanel(board.shotAt(i)));
     }
 
-    // Stored rules that answer instead of the preferences.
-    KRC_NamingRules::ObjRules& overriding(KRC_NamingRules::ObjRules& rules, int rule)
+    // Stored rules by `rule`, in steps of 10 without zeros, that answer instead of the preferences.
+    Rules& overriding(Rules& rules, int rule)
     {
         board->namingRules()->setOverloadingPref(true);
         rules.setAutoIncrementRule(KRC_NamingRules::NameRule_t(rule));
@@ -72,22 +65,15 @@ public:
         rules.setAutomaticLeadingZeros(false);
         return rules;
     }
+    void prefer(const char* key, int value) { prefs->setIntValue(QString::fromLatin1(key), value); }
 
     ScopedPreferences prefs;
     ProjectBoard board;
-
-private:
-    static void setName(KRC_ObjectName& name, const char* value)
-    {
-        name.setValue(QString::fromLatin1(value));
-        name.setFlag(KRC_ObjectName::kCustom);
-    }
 };
 
 TEST(ProjectNames, TheViewGivesItsHelperToEveryShotAndPanel)
 {
     Board names("S[2,2,2] S[4] T2 S[2,2]");
-    ASSERT_NE(names.board->nameHelper(), nullptr);
     EXPECT_EQ(names.panelNames(0), Names({ "1", "2", "3" }));
     EXPECT_EQ(names.panelNames(1), Names({ "1" }));
     EXPECT_EQ(names.panelNames(2), Names({ "1", "2" }));
@@ -95,46 +81,40 @@ TEST(ProjectNames, TheViewGivesItsHelperToEveryShotAndPanel)
     names.makeShotsAuto();
     EXPECT_EQ(names.shotNames(), Names({ "1", "2", "3" }));
     // An invalid panel has an empty name from the helper, a null one from its handle.
-    EXPECT_FALSE(names.helper().getPanelName(Panel_t::invalid).isNull());
-    EXPECT_TRUE(names.helper().getPanelName(Panel_t::invalid).isEmpty());
-    EXPECT_TRUE(Panel_t::invalid.name().isNull());
+    const QString invalid = names.helper().getPanelName(Krolle::Panel_t::invalid);
+    EXPECT_TRUE(!invalid.isNull() && invalid.isEmpty());
+    EXPECT_TRUE(Krolle::Panel_t::invalid.name().isNull());
     // Panels found by frame carry the same helper.
-    EXPECT_EQ(names.view().getPanelAt(7, KRC_KrolleProject::PreferPrevious).name(), QStringLiteral("1"));
+    EXPECT_EQ(names.board->getPanelAt(7, KRC_KrolleProject::PreferPrevious).name(), QStringLiteral("1"));
+    // A name from a place skips the taken names.
+    const std::set<QString> taken { QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("5") };
+    EXPECT_EQ(Names({ names.helper().getPanelName(0, taken), names.helper().getPanelName(1, taken),
+                  names.helper().getPanelName(4, {}) }),
+        Names({ "1", "4", "5" }));
+}
+
+// Makes a one-shot board whose panels are custom-named where `custom` says ("." auto).
+std::unique_ptr<Board> panelsNamed(const Names& custom)
+{
+    auto board = std::make_unique<Board>(
+        qPrintable(QStringLiteral("S[%1]").arg(QStringLiteral(",1").repeated(custom.size()).mid(1))));
+    for (int i = 0; i < custom.size(); ++i) {
+        if (custom[i] != QLatin1String("."))
+            board->namePanel(0, size_t(i), custom[i] == QLatin1String("-") ? QString("") : custom[i]);
+    }
+    return board;
 }
 
 TEST(ProjectNames, CustomNamesUseUpPlacesAndNamesOfAutoPanels)
 {
-    // Per panel of one shot: "." auto-named, otherwise its custom name ("-" empty).
+    // Per panel: "." auto-named, otherwise its custom name ("-" empty); then the names shown.
     const std::pair<Names, Names> rows[] = { { { ".", "3", ".", "." }, { "1", "3", "4", "5" } },
         { { "." }, { "1" } }, { { "1", "1", ".", "." }, { "1", "1", "3", "4" } },
         { { ".", "1", "1", "." }, { "2", "1", "1", "4" } },
         { { ".", ".", "2", "." }, { "1", "3", "2", "4" } }, { { "-", "." }, { "", "2" } },
         { { ".", "B", "." }, { "1", "B", "3" } } };
-    for (const auto& [custom, expected] : rows) {
-        Board board(
-            qPrintable(QStringLiteral("S[%1]").arg(QStringLiteral(",1").repeated(custom.size()).mid(1))));
-        for (int i = 0; i < custom.size(); ++i) {
-            if (custom[i] != QLatin1String("."))
-                board.namePanel(0, size_t(i), custom[i] == QLatin1String("-") ? "" : qPrintable(custom[i]));
-        }
-        EXPECT_EQ(board.panelNames(0), expected) << qPrintable(custom.join(QLatin1Char(' ')));
-    }
-}
-
-// The names that the two passes around custom names give, counted the long way.
-Names numberedTheLongWay(const KRC_NameHelper& helper, const Names& custom)
-{
-    std::set<QString> taken;
-    for (const QString& name : custom) {
-        if (name != QLatin1String("."))
-            taken.insert(name);
-    }
-    Names names;
-    for (int n = 0; n < custom.size(); ++n) {
-        names << (custom[n] == QLatin1String(".") ? helper.getPanelName(n, taken) : custom[n]);
-        taken.insert(names.back());
-    }
-    return names;
+    for (const auto& [custom, expected] : rows)
+        EXPECT_EQ(panelsNamed(custom)->panelNames(0), expected) << qPrintable(custom.join(' '));
 }
 
 TEST(ProjectNames, CustomNamesAnywhereGiveTheNamesOfTheTwoPasses)
@@ -142,27 +122,30 @@ TEST(ProjectNames, CustomNamesAnywhereGiveTheNamesOfTheTwoPasses)
     const char* const choices[] = { ".", ".", ".", "1", "2", "3", "5", "B", "C" };
     unsigned seed = 7;
     for (int round = 0; round < 40; ++round) {
-        Board board("S[1,1,1,1,1,1,1]");
-        if (round % 2)
-            board.prefs->setIntValue(QStringLiteral("ST_PANEL_NAME_AUTO_INCREMENT_RULE"), 1);
         Names custom;
-        for (int i = 0; i < 7; ++i) {
-            seed = seed * 1103515245u + 12345u;
+        for (int i = 0; i < 7; ++i, seed = seed * 1103515245u + 12345u)
             custom << QLatin1String(choices[(seed >> 16) % 9]);
-            if (custom.back() != QLatin1String("."))
-                board.namePanel(0, size_t(i), qPrintable(custom.back()));
+        auto board = panelsNamed(custom);
+        if (round % 2)
+            board->prefer("ST_PANEL_NAME_AUTO_INCREMENT_RULE", 1);
+        // The long way: every auto panel takes the name of its place that no other panel has.
+        std::set<QString> taken(custom.begin(), custom.end());
+        Names expected;
+        for (int n = 0; n < custom.size(); ++n) {
+            const bool isAuto = custom[n] == QLatin1String(".");
+            expected << (isAuto ? board->helper().getPanelName(n, taken) : custom[n]);
+            taken.insert(expected.back());
         }
-        EXPECT_EQ(board.panelNames(0), numberedTheLongWay(board.helper(), custom))
-            << qPrintable(custom.join(' '));
+        EXPECT_EQ(board->panelNames(0), expected) << qPrintable(custom.join(' '));
     }
 }
 
 TEST(ProjectNames, TheProjectKeepsOneRulesRecord)
 {
     Board names("S[1]");
-    KRC_NamingRules* rules = names.view().namingRules();
+    KRC_NamingRules* rules = names.board->namingRules();
     ASSERT_NE(rules, nullptr);
-    EXPECT_EQ(names.view().namingRules(), rules);
+    EXPECT_EQ(names.board->namingRules(), rules);
     EXPECT_TRUE(names.board.project()->metadatas()->contains(rules));
     EXPECT_FALSE(rules->overloadingPref());
 
@@ -170,7 +153,7 @@ TEST(ProjectNames, TheProjectKeepsOneRulesRecord)
     EXPECT_EQ(without.namingRules(), nullptr);
     ASSERT_NE(without.nameHelper(), nullptr);
     // Without a project's record the helper names by the preferences.
-    names.prefs->setIntValue(QStringLiteral("ST_SHOT_NAME_AUTO_INCREMENT_RULE"), 1);
+    names.prefer("ST_SHOT_NAME_AUTO_INCREMENT_RULE", 1);
     EXPECT_EQ(without.nameHelper()->getSceneName(2), QStringLiteral("C"));
 }
 
@@ -179,14 +162,12 @@ TEST(ProjectNames, NamesAndRulesSurviveASaveAndReload)
     Board names("S[1,1,1] S[1,1]");
     names.makeShotsAuto();
     names.nameShot(1, "SH");
-    names.namePanel(0, 1, "B");
-    KRC_NamingRules::ObjRules& panels = names.overriding(names.rules().panelRules(), 1);
+    names.namePanel(0, 1, QStringLiteral("B"));
+    Rules& panels = names.overriding(names.rules().panelRules(), 1);
     panels.setAutomaticLeadingZeros(true);
     panels.setNumberOfZeros(2);
-    const QStringList shots = names.shotNames();
-    const QStringList firstPanels = names.panelNames(0);
-    ASSERT_EQ(shots, Names({ "1", "SH" }));
-    ASSERT_EQ(firstPanels, Names({ "0A", "B", "0C" }));
+    ASSERT_EQ(names.shotNames(), Names({ "1", "SH" }));
+    ASSERT_EQ(names.panelNames(0), Names({ "0A", "B", "0C" }));
 
     KRC_MetadataFactory::createInstance();
     QString error;
@@ -194,24 +175,24 @@ TEST(ProjectNames, NamesAndRulesSurviveASaveAndReload)
         = HostProjectFile::fromXml(HostProjectFile::toXml(names.board.project()), &error);
     ASSERT_TRUE(loaded) << error.toStdString();
     // The preferences say otherwise now; the reloaded record still overrides them.
-    names.prefs->setIntValue(QStringLiteral("ST_PANEL_NAME_AUTO_INCREMENT_RULE"), 0);
+    names.prefer("ST_PANEL_NAME_AUTO_INCREMENT_RULE", 0);
     KRC_KrolleProject view(loaded.get());
     ASSERT_NE(view.namingRules(), nullptr);
     EXPECT_TRUE(*view.namingRules() == names.rules());
-    EXPECT_EQ(namesOf(view.beginShot(), view.endShot()), shots);
-    EXPECT_EQ(namesOf(view.beginPanel(), view.endPanel()), firstPanels + Names({ "0A", "0B" }));
+    EXPECT_EQ(namesOf(view.beginShot(), view.endShot()), Names({ "1", "SH" }));
+    EXPECT_EQ(namesOf(view.beginPanel(), view.endPanel()), Names({ "0A", "B", "0C", "0A", "0B" }));
 }
 
 TEST(ProjectNames, PanelNamesFollowThePreferencesThenTheOverridingRecord)
 {
     Board names("S[1,1,1]");
-    names.prefs->setIntValue(QStringLiteral("ST_PANEL_NAME_AUTO_INCREMENT_RULE"), 1);
+    names.prefer("ST_PANEL_NAME_AUTO_INCREMENT_RULE", 1);
     EXPECT_EQ(names.panelNames(0), Names({ "A", "B", "C" }));
     names.prefs->setBoolValue(QStringLiteral("ST_PANEL_NAME_AUTOMATIC_LEADING_ZEROS"), true);
-    names.prefs->setIntValue(QStringLiteral("ST_PANEL_NAME_NUMBER_OF_ZEROS"), 2);
+    names.prefer("ST_PANEL_NAME_NUMBER_OF_ZEROS", 2);
     EXPECT_EQ(names.panelNames(0), Names({ "0A", "0B", "0C" }));
 
-    KRC_NamingRules::ObjRules& panels = names.overriding(names.rules().panelRules(), 0);
+    Rules& panels = names.overriding(names.rules().panelRules(), 0);
     panels.setAutomaticLeadingZeros(true);
     panels.setNumberOfZeros(3);
     EXPECT_EQ(names.panelNames(0), Names({ "001", "002", "003" }));
@@ -228,64 +209,55 @@ TEST(ProjectNames, ShotNamesCountEveryShotAndTakeTheShotRules)
     EXPECT_EQ(names.shotNames(), Names({ "1", "X", "3", "4" }));
     names.prefs->setBoolValue(QStringLiteral("ST_SHOT_NAME_AUTOMATIC_LEADING_ZEROS"), true);
     EXPECT_EQ(names.shotNames(), Names({ "01", "X", "03", "04" }));
-    EXPECT_EQ(names.helper().getSceneName(0), QStringLiteral("01"));
-    EXPECT_EQ(names.helper().getActName(41), QStringLiteral("42"));
-    EXPECT_EQ(names.helper().getSequenceName(1), QStringLiteral("2"));
+    const KRC_NameHelper& helper = names.helper();
+    EXPECT_EQ(Names({ helper.getSceneName(0), helper.getActName(41), helper.getSequenceName(1) }),
+        Names({ "01", "42", "2" }));
     names.overriding(names.rules().sequenceRules(), 1);
-    EXPECT_EQ(names.helper().getSequenceName(1), QStringLiteral("B"));
+    EXPECT_EQ(helper.getSequenceName(1), QStringLiteral("B"));
     // The override froze the snapshot taken when the record was made, before the
     // preference for zeros was set.
     EXPECT_EQ(names.shotNames(), Names({ "1", "X", "3", "4" }));
-}
-
-TEST(ProjectNames, PanelNameFromAPlaceSkipsTakenNames)
-{
-    Board names("S[1]");
-    const std::set<QString> taken { QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("5") };
-    EXPECT_EQ(names.helper().getPanelName(0, taken), QStringLiteral("1"));
-    EXPECT_EQ(names.helper().getPanelName(1, taken), QStringLiteral("4"));
-    EXPECT_EQ(names.helper().getPanelName(4, {}), QStringLiteral("5"));
 }
 
 TEST(ProjectNames, AutoNamesRenumberAfterEdits)
 {
     Board names("S[2,2,2] S[2,2]");
     names.makeShotsAuto();
-    names.namePanel(0, 2, "last");
+    names.namePanel(0, 2, QStringLiteral("last"));
     SC_Project* project = names.board.project();
 
-    ASSERT_NE(HostAuthoring::insertPanel(project, names.shotId(0), 0, 3), SC_Id());
+    ASSERT_NE(HostAuthoring::insertPanel(project, names.shot(0), 0, 3), SC_Id());
     names.board.notify();
     EXPECT_EQ(names.panelNames(0), Names({ "1", "2", "3", "last" }));
 
-    ASSERT_TRUE(HostAuthoring::removeShot(project, names.shotId(0)));
+    ASSERT_TRUE(HostAuthoring::removeShot(project, names.shot(0)));
     ASSERT_NE(HostAuthoring::insertShot(project, 1, { 4 }), SC_Id());
     names.board.notify();
     names.makeShotsAuto();
     EXPECT_EQ(names.shotNames(), Names({ "1", "2" }));
-    EXPECT_EQ(names.view().getShotByID(names.shotId(1)).name(), QStringLiteral("1"));
+    EXPECT_EQ(names.board->getShotByID(names.shot(1)).name(), QStringLiteral("1"));
 }
 
 TEST(ProjectProposals, NewShotsAndShotsThatFollowTheRules)
 {
     Board names("S[1] S[1] S[1]");
-    names.nameShot(0, "10");
-    names.nameShot(1, "20");
-    names.nameShot(2, "30");
-    KRC_NamingRules::ObjRules& shots = names.overriding(names.rules().shotRules(), 4);
+    for (size_t i = 0; i < 3; ++i)
+        names.nameShot(i, qPrintable(QString::number(10 * (i + 1))));
+    Rules& shots = names.overriding(names.rules().shotRules(), 4);
     const KRC_NameHelper& helper = names.helper();
-    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(0), true), QStringLiteral("15"));
-    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(1), false), QStringLiteral("15"));
-    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(0), false), QStringLiteral("5"));
-    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(2), true), QStringLiteral("40"));
-    EXPECT_EQ(helper.getPreferedNewSceneName(SC_Id(), true), QStringLiteral("10"));
-    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(1)));
+    const SC_Id first = names.shot(0), second = names.shot(1);
+    EXPECT_EQ(
+        Names({ helper.getPreferedNewSceneName(first, true), helper.getPreferedNewSceneName(second, false),
+            helper.getPreferedNewSceneName(first, false), helper.getPreferedNewSceneName(names.shot(2), true),
+            helper.getPreferedNewSceneName(SC_Id(), true) }),
+        Names({ "15", "15", "5", "40", "10" }));
+    EXPECT_TRUE(helper.shotNameFollowsRules(second));
     names.nameShot(1, "25");
-    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(1)));
+    EXPECT_FALSE(helper.shotNameFollowsRules(second));
     // The first shot: between nothing and "25" the next multiple, 10, lies below the middle.
-    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(0)));
+    EXPECT_TRUE(helper.shotNameFollowsRules(first));
     names.nameShot(0, "12");
-    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(0)));
+    EXPECT_FALSE(helper.shotNameFollowsRules(first));
     EXPECT_FALSE(helper.shotNameFollowsRules(SC_Id()));
     shots.setAutomaticLeadingZeros(true);
     shots.setNumberOfZeros(3);
@@ -294,14 +266,14 @@ TEST(ProjectProposals, NewShotsAndShotsThatFollowTheRules)
     // Other rules step a custom neighbour and give nothing for auto neighbours.
     shots.setAutoIncrementRule(KRC_NamingRules::Rule_Numeric);
     shots.setAutomaticLeadingZeros(false);
-    EXPECT_EQ(helper.getPreferedNewSceneName(names.shotId(0), true), QStringLiteral("13"));
+    EXPECT_EQ(helper.getPreferedNewSceneName(first, true), QStringLiteral("13"));
     EXPECT_TRUE(helper.getPreferedNewSceneName(SC_Id(), true).isNull());
     names.makeShotsAuto();
     // The stored value of an auto name counts, not the computed one: there is none.
-    EXPECT_TRUE(helper.getPreferedNewSceneName(names.shotId(0), true).isNull());
-    EXPECT_FALSE(helper.shotNameFollowsRules(names.shotId(1)));
+    EXPECT_TRUE(helper.getPreferedNewSceneName(first, true).isNull());
+    EXPECT_FALSE(helper.shotNameFollowsRules(second));
     names.nameShot(1, "");
-    EXPECT_TRUE(helper.shotNameFollowsRules(names.shotId(1)));
+    EXPECT_TRUE(helper.shotNameFollowsRules(second));
 }
 
 TEST(ProjectProposals, NewSequencesBetweenNeighbours)
@@ -309,38 +281,36 @@ TEST(ProjectProposals, NewSequencesBetweenNeighbours)
     Board names("S[1] S[1] S[1]");
     names.nameSequence(0, "SQ_10");
     names.nameSequence(1, "SQ_20");
-    KRC_NamingRules::ObjRules& sequences = names.overriding(names.rules().sequenceRules(), 4);
+    Rules& sequences = names.overriding(names.rules().sequenceRules(), 4);
     const KRC_NameHelper& helper = names.helper();
-    EXPECT_EQ(helper.getPreferedNewSequenceName(names.shotId(0), true), QStringLiteral("SQ_15"));
+    EXPECT_EQ(helper.getPreferedNewSequenceName(names.shot(0), true), QStringLiteral("SQ_15"));
     // The third shot has no sequence name of its own: nothing to count from.
-    EXPECT_EQ(helper.getPreferedNewSequenceName(names.shotId(2), false), QStringLiteral("SQ_30"));
+    EXPECT_EQ(helper.getPreferedNewSequenceName(names.shot(2), false), QStringLiteral("SQ_30"));
     sequences.setAutoIncrementRule(KRC_NamingRules::Rule_Alpha);
     names.nameSequence(0, "A");
     names.nameSequence(1, "C");
-    EXPECT_EQ(helper.getPreferedNewSequenceName(names.shotId(1), false), QStringLiteral("B"));
+    EXPECT_EQ(helper.getPreferedNewSequenceName(names.shot(1), false), QStringLiteral("B"));
 }
 
 TEST(ProjectProposals, NewPanelsLookOnlyInsideTheirShot)
 {
     Board names("S[1,1,1] S[1]");
-    names.namePanel(0, 0, "10");
-    names.namePanel(0, 1, "20");
-    names.namePanel(0, 2, "40");
-    names.namePanel(1, 0, "100");
-    KRC_NamingRules::ObjRules& panels = names.overriding(names.rules().panelRules(), 4);
+    const char* const custom[] = { "10", "20", "40", "100" }; // three in the first shot, one in the second
+    for (size_t i = 0; i < 4; ++i)
+        names.namePanel(i / 3, i % 3, QLatin1String(custom[i]));
+    Rules& panels = names.overriding(names.rules().panelRules(), 4);
     const KRC_NameHelper& helper = names.helper();
-    const Shot_t first = names.shot(0);
-    const Shot_t second = names.shot(1);
-    EXPECT_EQ(helper.getPreferedNewPanelName(first, names.panelId(0, 0), true), QStringLiteral("15"));
-    EXPECT_EQ(helper.getPreferedNewPanelName(first, names.panelId(0, 2), false), QStringLiteral("30"));
-    // The last panel's next neighbour is in the next shot and does not count.
-    EXPECT_EQ(helper.getPreferedNewPanelName(first, names.panelId(0, 2), true), QStringLiteral("50"));
-    EXPECT_EQ(helper.getPreferedNewPanelName(second, names.panelId(1, 0), false), QStringLiteral("10"));
-    // A panel of another shot is ignored as a whole.
-    EXPECT_EQ(helper.getPreferedNewPanelName(second, names.panelId(0, 1), true), QStringLiteral("10"));
+    const auto propose = [&](size_t shot, size_t panelShot, size_t panel, bool after) {
+        return helper.getPreferedNewPanelName(names.board.shotAt(shot), names.panel(panelShot, panel), after);
+    };
+    // The last panel's next neighbour is in the next shot and does not count; a panel of
+    // another shot is ignored as a whole.
+    EXPECT_EQ(Names({ propose(0, 0, 0, true), propose(0, 0, 2, false), propose(0, 0, 2, true),
+                  propose(1, 1, 0, false), propose(1, 0, 1, true) }),
+        Names({ "15", "30", "50", "10", "10" }));
     panels.setAutoIncrementRule(KRC_NamingRules::Rule_Numeric);
-    EXPECT_TRUE(helper.getPreferedNewPanelName(second, names.panelId(0, 1), true).isNull());
-    EXPECT_EQ(helper.getPreferedNewPanelName(first, names.panelId(0, 0), true), QStringLiteral("11"));
+    EXPECT_TRUE(propose(1, 0, 1, true).isNull());
+    EXPECT_EQ(propose(0, 0, 0, true), QStringLiteral("11"));
 }
 
 } // namespace

@@ -130,7 +130,7 @@ TEST(RulesPreferences, ByNSwitchWinsOverTheRuleKey)
     EXPECT_EQ(record.shotRules().autoIncrementRule(), KRC_NamingRules::Rule_Alpha);
 }
 
-TEST(RulesPreferences, ConstructionTakesASnapshotThatOverrideFreezes)
+TEST(RulesPreferences, RecordSwitchesFollowTheirPreferencesUntilAnOverrideFreezesTheSnapshot)
 {
     ScopedPreferences prefs;
     prefs->setIntValue(QStringLiteral("ST_PANEL_NAME_NUMBER_OF_ZEROS"), 3);
@@ -138,6 +138,16 @@ TEST(RulesPreferences, ConstructionTakesASnapshotThatOverrideFreezes)
     prefs->setBoolValue(QStringLiteral("ST_ENABLE_ACT"), true);
     KRC_NamingRules record;
     prefs->clear();
+    KRC_NamingRules later;
+    later.setAutoShowTotal(true);
+    EXPECT_FALSE(later.autoShowTotal());
+    EXPECT_FALSE(later.enabledAct());
+    prefs->setBoolValue(QStringLiteral("ST_ENABLE_ACT"), true);
+    EXPECT_TRUE(later.enabledAct());
+    later.setOverloadingPref(true);
+    EXPECT_TRUE(later.autoShowTotal());
+    EXPECT_FALSE(later.enabledAct());
+
     record.setOverloadingPref(true);
     EXPECT_EQ(record.panelRules().numberOfZeros(), 3);
     EXPECT_EQ(record.panelRules().autoIncrementRule(), KRC_NamingRules::Rule_ByN);
@@ -145,29 +155,14 @@ TEST(RulesPreferences, ConstructionTakesASnapshotThatOverrideFreezes)
     EXPECT_EQ(record.shotRules().numberOfZeros(), 2);
 }
 
-TEST(RulesPreferences, RecordSwitchesFollowTheirPreferencesUntilOverridden)
-{
-    ScopedPreferences prefs;
-    KRC_NamingRules record;
-    record.setAutoShowTotal(true);
-    EXPECT_FALSE(record.autoShowTotal());
-    prefs->setBoolValue(QStringLiteral("ST_ENABLE_ACT"), true);
-    EXPECT_TRUE(record.enabledAct());
-    record.setOverloadingPref(true);
-    EXPECT_TRUE(record.autoShowTotal());
-    EXPECT_FALSE(record.enabledAct());
-}
-
 TEST(NamingRulesStrings, DelimitersAndSuffixTypes)
 {
-    const char* const delimiters[] = { "", "_", ".", "" };
-    const char* const suffixes[] = { "", "1", "A", "a", "" };
+    const char* const delimiters[] = { "", "", "_", ".", "" }; // from -1
+    const char* const suffixes[] = { "", "", "1", "A", "a", "" };
     for (int i = -1; i < 4; ++i)
-        EXPECT_EQ(KRC_NamingRules::delimiterStr(KRC_NamingRules::Delimiter_t(i)), i < 0 ? "" : delimiters[i])
-            << i;
+        EXPECT_EQ(KRC_NamingRules::delimiterStr(KRC_NamingRules::Delimiter_t(i)), delimiters[i + 1]) << i;
     for (int i = -1; i < 5; ++i)
-        EXPECT_EQ(KRC_NamingRules::suffixTypeStr(KRC_NamingRules::SuffixType_t(i)), i < 0 ? "" : suffixes[i])
-            << i;
+        EXPECT_EQ(KRC_NamingRules::suffixTypeStr(KRC_NamingRules::SuffixType_t(i)), suffixes[i + 1]) << i;
 }
 
 TEST(NamingRulesCompare, StoredValuesCountNotTheRulesOwnSwitch)
