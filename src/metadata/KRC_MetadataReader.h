@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <new>
+
 class KRC_MetadataReaderPrivate;
 
 /// A flat reader bound to one record: every element of the record's entry arrives here,
@@ -35,6 +37,17 @@ public:
 
     KRC_MetadataReader(PIO_Metadata* record, Release release);
     ~KRC_MetadataReader() override;
+
+    /// A new `Reader` bound to `record`, or null when memory runs out: a record's
+    /// componentReader() answers a failed allocation with null, not an exception.
+    template <class Reader, class Record> static Reader* create(Record* record) noexcept
+    {
+        try {
+            return new Reader(record);
+        } catch (std::bad_alloc const&) {
+            return nullptr;
+        }
+    }
 
     bool handleEndElement(PIO_ReadingContext& context, QString const& elementName) override;
 

@@ -21,7 +21,7 @@ bool KRC_PanelInfo::isValid() const
 
 PIO_XML::ComponentReader* KRC_PanelInfo::componentReader()
 {
-    return new PanelInfoMetadataReader(this);
+    return KRC_MetadataReader::create<PanelInfoMetadataReader>(this);
 }
 
 PIO_Metadata* KRC_PanelInfo::clone() const

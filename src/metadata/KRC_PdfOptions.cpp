@@ -41,7 +41,7 @@ bool KRC_PdfOptions::isValid() const
 PIO_XML::ComponentReader* KRC_PdfOptions::componentReader()
 {
     removeAll();
-    return new PdfOptionsMetadataReader(this);
+    return KRC_MetadataReader::create<PdfOptionsMetadataReader>(this);
 }
 
 PIO_Metadata* KRC_PdfOptions::clone() const
@@ -70,8 +70,10 @@ void KRC_PdfOptions::addPdfOptions(KRC_Property const* option)
 {
     if (!option)
         return;
-    priv().options.removeProperty(option->name());
-    priv().options.addProperty(option->clone());
+    // Cloned before the removal, which would delete `option` if it is one of ours.
+    KRC_Property* const copy = option->clone();
+    priv().options.removeProperty(copy->name());
+    priv().options.addProperty(copy);
 }
 
 void KRC_PdfOptions::removePdfOption(QString const& name)

@@ -37,7 +37,7 @@ bool KRC_ReferenceToolData::isValid() const
 
 PIO_XML::ComponentReader* KRC_ReferenceToolData::componentReader()
 {
-    return new ReferenceToolDataMetadataReader(this);
+    return KRC_MetadataReader::create<ReferenceToolDataMetadataReader>(this);
 }
 
 PIO_Metadata* KRC_ReferenceToolData::clone() const

@@ -45,7 +45,7 @@ bool KRC_SceneInfo::isValid() const
 
 PIO_XML::ComponentReader* KRC_SceneInfo::componentReader()
 {
-    return new SceneInfoMetadataReader(this);
+    return KRC_MetadataReader::create<SceneInfoMetadataReader>(this);
 }
 
 PIO_Metadata* KRC_SceneInfo::clone() const

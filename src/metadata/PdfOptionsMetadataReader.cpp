@@ -84,7 +84,7 @@ void PdfOptionsMetadataReader::readValue(KRC_PdfOptions& record, QXmlAttributes 
 {
     DB_MemFile file;
     if (getBinaryStreamFromAttribute(file, kData, attributes)) {
-        const QByteArray bytes = file.toByteArray();
+        const QByteArray bytes(reinterpret_cast<char const*>(file.GetBuffer()), file.GetLength());
         if (!loadMarked(*m_pending, bytes))
             loadLegacy(*m_pending, bytes);
         if (m_pending->isValid())

@@ -30,6 +30,11 @@ int sharedInt(QXmlAttributes const& attributes, QString const& name, bool& ok)
     return attributes.value(name).toInt(&ok, 10);
 }
 
+bool isChannel(int value)
+{
+    return value >= 0 && value <= 255;
+}
+
 } // namespace
 
 ReferenceToolDataMetadataReader::ReferenceToolDataMetadataReader(KRC_ReferenceToolData* record)
@@ -75,8 +80,11 @@ void ReferenceToolDataMetadataReader::readColor(KRC_ReferenceToolData& data, QXm
     const double alpha = sharedDouble(attributes, kAlpha, ok);
     if (!ok)
         return;
+    // Channels out of 0..255 leave the colour invalid, as QColor::setRgb does, but
+    // without its warning: a file's bad data prints nothing.
     QColor color;
-    color.setRgb(red, green, blue, 255);
+    if (isChannel(red) && isChannel(green) && isChannel(blue))
+        color.setRgb(red, green, blue, 255);
     data.setRgb(color);
     data.setAlpha(alpha);
 }

@@ -11,7 +11,8 @@ class KRC_ReferenceToolData;
 /// The attributes of one child are parsed in their order into one success flag that
 /// each parse overwrites, so the last one ("scale", "a", "value") alone decides whether
 /// the child is stored; when it is, every attribute is stored, a bad one as 0. The
-/// colour is stored opaque, with "a" going to the record's alpha.
+/// colour is stored opaque, with "a" going to the record's alpha; a channel outside
+/// 0..255 stores an invalid colour, silently.
 /// Threading: the thread of the read.
 class ReferenceToolDataMetadataReader : public KRC_MetadataReader
 {

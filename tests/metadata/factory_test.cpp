@@ -1,5 +1,7 @@
 #include "metadata/KRC_MetadataFactory.h"
 #include "metadata/KRC_PanelInfo.h"
+#include "metadata/KRC_PdfOptions.h"
+#include "metadata/KRC_ReferenceToolData.h"
 #include "metadata/KRC_SceneInfo.h"
 #include "naming/KRC_NamingRules.h"
 
@@ -25,6 +27,8 @@ DispatchCase const dispatchCases[] = {
     { "sceneInfo", &is<KRC_SceneInfo> },
     { "panelInfo", &is<KRC_PanelInfo> },
     { "namingRules", &is<KRC_NamingRules> },
+    { "pdfOptions", &is<KRC_PdfOptions> },
+    { "referenceToolData", &is<KRC_ReferenceToolData> },
 };
 
 class FactoryDispatch : public testing::TestWithParam<DispatchCase>

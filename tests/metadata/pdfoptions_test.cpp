@@ -70,6 +70,9 @@ TEST(PdfOptions, OptionSetOperations)
     std::list<QString> names;
     record.pdfOptions().getAllProperties(names);
     EXPECT_EQ(names, (std::list<QString> { "other", "panel_export_enabled" }));
+    // An option of the record itself replaces itself; it is cloned before it goes.
+    record.addPdfOptions(record.pdfOptions().getProperty("other"));
+    EXPECT_EQ(record.pdfOptions().getPropertyInt("other", 0), 1);
     record.removePdfOption("panel_export_enabled");
     EXPECT_TRUE(record.exportEnabled());
     record.removeAll();

@@ -2,6 +2,7 @@
 // shared success flag, clone and dump.
 #include "metadata/KRC_ReferenceToolData.h"
 #include "metadata_test_support.h"
+#include "support/QtWarningCapture.h"
 
 #include <QRegularExpression>
 #include <gtest/gtest.h>
@@ -111,6 +112,20 @@ INSTANTIATE_TEST_SUITE_P(SharedFlag, ReferenceToolDataReader,
         ReaderCase { "<color r=\"1\" g=\"2\" b=\"3\" a=\"\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
         ReaderCase { "<options value=\"5\"/><options value=\"z\"/><other value=\"7\"/>", { 0, 0 }, 1,
             kDefault, 1, 5 }));
+
+TEST(ReferenceToolData, ChannelsOutOfRangeGiveAnInvalidColourInSilence)
+{
+    for (char const* channels : { "r=\"300\" g=\"2\" b=\"3\"", "r=\"1\" g=\"-1\" b=\"3\"" }) {
+        QtWarningCapture warnings;
+        const auto metas = metatest::readDocument(
+            document(QStringLiteral("<color %1 a=\"0.5\"/>").arg(QString::fromLatin1(channels))));
+        const auto* data = metatest::first<KRC_ReferenceToolData>(metas.get());
+        ASSERT_TRUE(data);
+        EXPECT_FALSE(data->rgb().isValid()) << channels;
+        EXPECT_EQ(data->alpha(), 0.5);
+        EXPECT_TRUE(warnings.warnings().isEmpty()) << warnings.warnings().join('\n').toStdString();
+    }
+}
 
 TEST(ReferenceToolData, CloneTakesIdentityAndContentAndDumpListsThem)
 {
