@@ -20,6 +20,8 @@ int const PdfOptionsMetadataReader::kLegacyStreamVersion = QDataStream::Qt_3_3;
 namespace {
 
 // Loads a current blob: the mark, then the property in the current stream version.
+// That version is set here rather than left to Qt's default, which has moved past the
+// writer's and would misread the values whose stream form changed since (dates).
 bool loadMarked(KRC_Property& property, QByteArray const& bytes)
 {
     QDataStream in(bytes);
