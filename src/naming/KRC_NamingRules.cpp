@@ -360,7 +360,7 @@ bool KRC_NamingRules::isValid() const
 
 PIO_XML::ComponentReader* KRC_NamingRules::componentReader()
 {
-    return new NamingRulesMetadataReader(this);
+    return KRC_MetadataReader::create<NamingRulesMetadataReader>(this);
 }
 
 PIO_Metadata* KRC_NamingRules::clone() const
