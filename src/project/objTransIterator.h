@@ -4,6 +4,7 @@
 #include "project/Panel_t.h"
 #include "project/Shot_t.h"
 #include "project/Trans_t.h"
+#include "project/WalkSteps.h"
 
 #include <cstddef>
 #include <iterator>
@@ -21,7 +22,7 @@ namespace Krolle {
 ///
 /// The end is an invalid `object` with no transition. Two iterators are equal when they
 /// stand on equal objects and equal transitions. Threading: the host's thread.
-template <class T> class objTransIterator
+template <class T> class objTransIterator : public WalkSteps<objTransIterator<T>>
 {
 public:
     using iterator_category = std::bidirectional_iterator_tag;
@@ -56,20 +57,6 @@ public:
 
     reference operator*() const { return object; }
     pointer operator->() const { return &object; }
-    objTransIterator& operator++() { return advance(); }
-    objTransIterator operator++(int)
-    {
-        objTransIterator before(*this);
-        advance();
-        return before;
-    }
-    objTransIterator& operator--() { return retreat(); }
-    objTransIterator operator--(int)
-    {
-        objTransIterator before(*this);
-        retreat();
-        return before;
-    }
 
     bool operator==(objTransIterator const& other) const
     {
@@ -94,7 +81,9 @@ template <class T> class reverse_objTransIterator;
 
 /// An objTransIterator over panels that walks backward: `++` steps toward the project's
 /// start. There is no backward form for shots. Same contract and threading.
-template <> class reverse_objTransIterator<Panel_t> : public objTransIterator<Panel_t>
+template <>
+class reverse_objTransIterator<Panel_t> : public objTransIterator<Panel_t>,
+                                          public WalkSteps<reverse_objTransIterator<Panel_t>>
 {
     using Base = objTransIterator<Panel_t>;
 
@@ -111,20 +100,8 @@ public:
     reverse_objTransIterator& toFirst() override;
     reverse_objTransIterator& toLast() override;
 
-    reverse_objTransIterator& operator++() { return advance(); }
-    reverse_objTransIterator operator++(int)
-    {
-        reverse_objTransIterator before(*this);
-        advance();
-        return before;
-    }
-    reverse_objTransIterator& operator--() { return retreat(); }
-    reverse_objTransIterator operator--(int)
-    {
-        reverse_objTransIterator before(*this);
-        retreat();
-        return before;
-    }
+    using WalkSteps<reverse_objTransIterator>::operator++;
+    using WalkSteps<reverse_objTransIterator>::operator--;
 };
 
 extern template class objTransIterator<Shot_t>;

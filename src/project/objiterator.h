@@ -4,6 +4,7 @@
 #include "project/Panel_t.h"
 #include "project/Shot_t.h"
 #include "project/Trans_t.h"
+#include "project/WalkSteps.h"
 
 #include <cstddef>
 #include <iterator>
@@ -22,7 +23,7 @@ namespace Krolle {
 /// there every step stays on it. A null project makes every step give the invalid
 /// handle. Two iterators are equal when they stand on equal handles, so a walk stops
 /// when it meets the end's handle. Threading: the host's thread.
-template <class T> class objiterator
+template <class T> class objiterator : public WalkSteps<objiterator<T>>
 {
 public:
     using iterator_category = std::bidirectional_iterator_tag;
@@ -52,20 +53,6 @@ public:
 
     reference operator*() const { return object; }
     pointer operator->() const { return &object; }
-    objiterator& operator++() { return advance(); }
-    objiterator operator++(int)
-    {
-        objiterator before(*this);
-        advance();
-        return before;
-    }
-    objiterator& operator--() { return retreat(); }
-    objiterator operator--(int)
-    {
-        objiterator before(*this);
-        retreat();
-        return before;
-    }
 
     bool operator==(objiterator const& other) const { return object == other.object; }
     bool operator!=(objiterator const& other) const { return !(object == other.object); }
@@ -78,7 +65,7 @@ public:
 /// An objiterator that walks backward: its advance is the forward retreat and its
 /// toFirst the forward toLast, so `++` steps toward the project's start. Same contract
 /// and threading as objiterator.
-template <class T> class reverse_objiterator : public objiterator<T>
+template <class T> class reverse_objiterator : public objiterator<T>, public WalkSteps<reverse_objiterator<T>>
 {
     using Base = objiterator<T>;
 
@@ -94,20 +81,8 @@ public:
     reverse_objiterator& toFirst() override;
     reverse_objiterator& toLast() override;
 
-    reverse_objiterator& operator++() { return advance(); }
-    reverse_objiterator operator++(int)
-    {
-        reverse_objiterator before(*this);
-        advance();
-        return before;
-    }
-    reverse_objiterator& operator--() { return retreat(); }
-    reverse_objiterator operator--(int)
-    {
-        reverse_objiterator before(*this);
-        retreat();
-        return before;
-    }
+    using WalkSteps<reverse_objiterator>::operator++;
+    using WalkSteps<reverse_objiterator>::operator--;
 };
 
 /// Two iterators as a range, for a range-for loop over any of the walks:

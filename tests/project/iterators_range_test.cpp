@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+#include <utility>
+
 using namespace Krolle;
 
 namespace {
@@ -29,6 +32,15 @@ TEST(RangeLoops, CoverEveryKindOfWalk)
         beside.push_back(shot.id());
     EXPECT_EQ((std::vector<SC_Id> { board.shot(0), board.shot(0), board.shot(1), board.shot(2) }), beside);
 }
+
+// A backward walker's own steps keep its type, so a copy taken by `it++` still walks
+// backward.
+static_assert(std::is_same<decltype(std::declval<reverse_objiterator<Shot_t>&>()++),
+                  reverse_objiterator<Shot_t>>::value,
+    "backward steps keep the backward type");
+static_assert(std::is_same<decltype(--std::declval<reverse_objTransIterator<Panel_t>&>()),
+                  reverse_objTransIterator<Panel_t>&>::value,
+    "backward steps keep the backward type");
 
 TEST(EditedTimeline, AnIteratorKeepsItsOldHandleAndANewWalkSeesTheEdit)
 {
