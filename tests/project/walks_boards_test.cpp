@@ -197,16 +197,17 @@ TEST(ReverseTables, AreFilledAnewAfterAnEditAlsoWithTheCacheOff)
 
     SC_Id const added = HostAuthoring::insertShot(board.project(), 2, { 2 });
     board.notify();
-    TUScene* addedSymbol = HostAuthoring::symbolOf(board.project(), added);
-    EXPECT_EQ(added, board->sceneCommonToShot(sceneOf(addedSymbol)).id());
+    // Taken while the scene lives: once the shot goes it is only compared.
+    SC_SceneCommon const* addedScene = sceneOf(HostAuthoring::symbolOf(board.project(), added));
+    EXPECT_EQ(added, board->sceneCommonToShot(addedScene).id());
     SC_Id const addedPanel = HostAuthoring::panelId(board.project(), added, 0);
     EXPECT_EQ(addedPanel, board->tvToPanel(board->getPanelByID(addedPanel).symbol()->sequence()).id());
 
     board->setCacheEnabled(false);
-    EXPECT_EQ(added, board->sceneCommonToShot(sceneOf(addedSymbol)).id());
+    EXPECT_EQ(added, board->sceneCommonToShot(addedScene).id());
     ASSERT_TRUE(HostAuthoring::removeShot(board.project(), added));
     board.notify();
-    EXPECT_TRUE(board->sceneCommonToShot(sceneOf(addedSymbol)).isInvalid());
+    EXPECT_TRUE(board->sceneCommonToShot(addedScene).isInvalid());
     EXPECT_EQ(second, board->sceneCommonToShot(sceneOf(second.symbol())));
 }
 
