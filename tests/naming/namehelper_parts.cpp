@@ -76,7 +76,7 @@ TEST(BaseName, StepsTheLastPartAndPadsTheHead)
         { "SC_12", 0, 4, 1, "00SC_13" }, { "A.9", 1, 0, 1, "A.10" }, { "a.B", 1, 0, 3, "a.E" },
         { "12_", 0, 0, 1, "13_" }, { "_5", 0, 0, 1, "_6" }, { "12", 0, 0, -1, "11" },
         { "0", 0, 0, -1, "999" }, { "_", 0, 0, 1, "1_" },
-        // Beyond the specified rows: no step, several down, inner separators, spaces.
+        // Beyond the reference rows: no step, several down, inner separators, spaces.
         { "SC_12", 0, 0, 0, "SC_12" }, { "SC_12", 0, 0, -3, "SC_09" }, { "a.b.9", 0, 0, 1, "a.b.10" },
         { "Shot 1", 0, 0, 1, "Shot 2" }, { "Z", 1, 3, 1, "0AA" }, { "A", 1, 0, -1, "A_0" } };
     for (const auto& r : rows)

@@ -147,7 +147,7 @@ struct ReadError
     QString message;
 };
 
-struct ColumnSpec
+struct ColumnDraft
 {
     Place place;
     int elementId = -1;
@@ -157,7 +157,7 @@ struct ColumnSpec
     std::map<int, TUElementTimedValue::Exposure> exposures;
 };
 
-struct NodeSpec
+struct NodeDraft
 {
     Place place;
     QString type;
@@ -169,11 +169,11 @@ struct NodeSpec
     CameraAlignment alignment = CameraAlignment_None;
     bool hasOpacity = false;
     double opacity = 100.0;
-    std::unique_ptr<ColumnSpec> column;
-    std::vector<std::unique_ptr<NodeSpec>> children;
+    std::unique_ptr<ColumnDraft> column;
+    std::vector<std::unique_ptr<NodeDraft>> children;
 };
 
-// Reads the "nodes" element into specs, checks them whole, and only then builds.
+// Reads the "nodes" element into drafts, checks them whole, and only then builds.
 class NetworkReader
 {
 public:
@@ -254,10 +254,10 @@ private:
                  .arg(name, m_reader.name().toString(), value));
     }
 
-    std::unique_ptr<NodeSpec> readNode()
+    std::unique_ptr<NodeDraft> readNode()
     {
         expectElement(kNodeElement);
-        auto node = std::make_unique<NodeSpec>();
+        auto node = std::make_unique<NodeDraft>();
         node->place = here();
         node->type = text(kTypeAttr, true);
         if (!MO_ModuleFactory::typeNames().contains(node->type))
@@ -284,7 +284,7 @@ private:
         return node;
     }
 
-    void readOpacity(NodeSpec& node) const
+    void readOpacity(NodeDraft& node) const
     {
         const QString value = text(kOpacityAttr, false);
         if (value.isNull())
@@ -297,9 +297,9 @@ private:
         node.hasOpacity = true;
     }
 
-    std::unique_ptr<ColumnSpec> readColumn()
+    std::unique_ptr<ColumnDraft> readColumn()
     {
-        auto column = std::make_unique<ColumnSpec>();
+        auto column = std::make_unique<ColumnDraft>();
         column->place = here();
         column->elementId = integer(kIdAttr, true, 0, 0, INT_MAX - 1);
         column->name = text(kNameAttr, false);
@@ -319,7 +319,7 @@ private:
         return column;
     }
 
-    void readDrawing(ColumnSpec& column) const
+    void readDrawing(ColumnDraft& column) const
     {
         const int id = integer(kIdAttr, true, 0, 1, INT_MAX);
         const QString file = text(kFileAttr, true);
@@ -329,7 +329,7 @@ private:
             fail(QStringLiteral("drawing id %1 is used twice in element %2").arg(id).arg(column.elementId));
     }
 
-    void readExposure(ColumnSpec& column) const
+    void readExposure(ColumnDraft& column) const
     {
         TUElementTimedValue::Exposure run;
         run.firstFrame = integer(kFirstAttr, true, 0, 1, INT_MAX);
@@ -351,7 +351,7 @@ private:
     void checkLinks() const
     {
         for (auto const& entry : m_nodes) {
-            NodeSpec const& node = *entry.second;
+            NodeDraft const& node = *entry.second;
             std::set<int> chain { node.id };
             for (int parent = node.parent; parent != 0; parent = m_nodes.at(parent)->parent) {
                 if (!m_nodes.count(parent))
@@ -372,7 +372,7 @@ private:
                 used.insert(column->elementId());
         }
         for (auto const& entry : m_nodes) {
-            ColumnSpec const* column = entry.second->column.get();
+            ColumnDraft const* column = entry.second->column.get();
             if (!column)
                 continue;
             if (!m_scene.scene())
@@ -386,41 +386,41 @@ private:
     void build()
     {
         std::map<int, MO_Node*> built;
-        for (auto const& spec : m_roots)
-            HostNodeEdit::insert(m_scene.rootGroup(), buildNode(*spec, built), -1);
+        for (auto const& draft : m_roots)
+            HostNodeEdit::insert(m_scene.rootGroup(), buildNode(*draft, built), -1);
         for (auto const& entry : m_nodes) {
             if (entry.second->parent != 0)
                 HostNodeEdit::setParent(built.at(entry.first), built.at(entry.second->parent));
         }
     }
 
-    UT_SharedPtr<MO_Node> buildNode(NodeSpec const& spec, std::map<int, MO_Node*>& built)
+    UT_SharedPtr<MO_Node> buildNode(NodeDraft const& draft, std::map<int, MO_Node*>& built)
     {
-        UT_SharedPtr<MO_Node> node(MO_ModuleFactory::create(spec.type, &m_scene, spec.name));
-        built.emplace(spec.id, node.get());
-        HostNodeEdit::setLock(node.get(), spec.locked);
-        HostNodeEdit::setEnabled(node.get(), spec.enabled);
+        UT_SharedPtr<MO_Node> node(MO_ModuleFactory::create(draft.type, &m_scene, draft.name));
+        built.emplace(draft.id, node.get());
+        HostNodeEdit::setLock(node.get(), draft.locked);
+        HostNodeEdit::setEnabled(node.get(), draft.enabled);
         if (auto* animated = dynamic_cast<MO_AnimatedModule*>(node.get()))
-            HostNodeEdit::setCameraAlignment(animated, spec.alignment);
+            HostNodeEdit::setCameraAlignment(animated, draft.alignment);
         if (auto* element = dynamic_cast<MO_ElementModule*>(node.get()))
-            buildElement(spec, element);
-        for (auto const& child : spec.children)
+            buildElement(draft, element);
+        for (auto const& child : draft.children)
             HostNodeEdit::insert(static_cast<TUGroup*>(node.get()), buildNode(*child, built), -1);
         return node;
     }
 
-    void buildElement(NodeSpec const& spec, MO_ElementModule* element)
+    void buildElement(NodeDraft const& draft, MO_ElementModule* element)
     {
-        if (spec.hasOpacity)
-            HostNodeEdit::setOpacity(element, spec.opacity);
-        if (!spec.column)
+        if (draft.hasOpacity)
+            HostNodeEdit::setOpacity(element, draft.opacity);
+        if (!draft.column)
             return;
-        ColumnSpec const& columnSpec = *spec.column;
+        ColumnDraft const& columnDraft = *draft.column;
         auto* column
-            = new TUElementTimedValue(&m_scene, columnSpec.name, columnSpec.kind, columnSpec.elementId);
-        for (auto const& drawing : columnSpec.drawings)
+            = new TUElementTimedValue(&m_scene, columnDraft.name, columnDraft.kind, columnDraft.elementId);
+        for (auto const& drawing : columnDraft.drawings)
             HostNodeEdit::addDrawing(column, drawing.second, drawing.first);
-        for (auto const& run : columnSpec.exposures)
+        for (auto const& run : columnDraft.exposures)
             HostNodeEdit::expose(column, run.second.firstFrame, run.second.lastFrame, run.second.drawingId);
         m_scene.scene()->addTimedValue(column);
         HostNodeEdit::attachColumn(element, column);
@@ -428,8 +428,8 @@ private:
 
     QXmlStreamReader& m_reader;
     SC_SceneCommon& m_scene;
-    std::vector<std::unique_ptr<NodeSpec>> m_roots;
-    std::map<int, NodeSpec*> m_nodes;
+    std::vector<std::unique_ptr<NodeDraft>> m_roots;
+    std::map<int, NodeDraft*> m_nodes;
 };
 
 } // namespace
