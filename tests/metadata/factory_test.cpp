@@ -45,32 +45,17 @@ TEST_P(FactoryDispatch, BuildsTheClassByTheFactoryRoute)
     EXPECT_TRUE(c.isExpectedClass(meta.get()));
     EXPECT_EQ(keyword, meta->metaType());
     EXPECT_EQ(QStringLiteral("entry"), meta->metaName());
-    // What the project states is kept: the version is never compared with the class's.
+    // What the project states is kept: an older version is never replaced by the class's.
     EXPECT_EQ(QStringLiteral("another program"), meta->creator());
     EXPECT_EQ(QStringLiteral("0.1"), meta->version());
-}
 
-TEST_P(FactoryDispatch, KeepsNullIdentityStrings)
-{
-    std::unique_ptr<PIO_Metadata> meta(KRC_MetadataFactory::createInstance()->createMeta(
-        QString::fromLatin1(GetParam().keyword), QString(), QString(), QString()));
-    ASSERT_TRUE(meta);
-    EXPECT_TRUE(meta->metaName().isNull());
-    EXPECT_TRUE(meta->creator().isNull());
-    EXPECT_TRUE(meta->version().isNull());
+    std::unique_ptr<PIO_Metadata> bare(
+        KRC_MetadataFactory::createInstance()->createMeta(keyword, QString(), QString(), QString()));
+    ASSERT_TRUE(bare);
+    EXPECT_TRUE(bare->metaName().isNull() && bare->creator().isNull() && bare->version().isNull());
 }
 
 INSTANTIATE_TEST_SUITE_P(Keywords, FactoryDispatch, testing::ValuesIn(dispatchCases));
-
-TEST(Factory, AnOlderVersionIsKeptRatherThanTheClasssOwn)
-{
-    std::unique_ptr<PIO_Metadata> rules(KRC_MetadataFactory::createInstance()->createMeta(
-        QStringLiteral("namingRules"), QString(), QStringLiteral("old tool"), QStringLiteral("1.0")));
-    ASSERT_TRUE(rules);
-    EXPECT_EQ(QStringLiteral("2.0"), KRC_NamingRules::kPIO_KRMETA_Version);
-    EXPECT_EQ(QStringLiteral("1.0"), rules->version());
-    EXPECT_EQ(QStringLiteral("old tool"), rules->creator());
-}
 
 TEST(Factory, UnknownKeywordsGoToTheBaseFactory)
 {

@@ -30,14 +30,10 @@ template <class Record> int countIn(TUScene* scene)
     return count;
 }
 
-/// Adds a scene record named `value` with `flag` before any handle sees the scene.
-KRC_SceneInfo* addSceneInfo(TUScene* scene, char const* value, int flag)
+void setName(KRC_ObjectName& name, char const* value, int flag)
 {
-    auto* info = new KRC_SceneInfo();
-    info->name().setValue(QString::fromLatin1(value));
-    info->name().setFlag(flag);
-    scene->metadatas()->add(info);
-    return info;
+    name.setValue(QString::fromLatin1(value));
+    name.setFlag(flag);
 }
 
 class StubNameHelper : public Krolle::ObjectNameHelper
@@ -96,8 +92,11 @@ TEST(HandleRecords, GetShotAtMarksOnlyAFreshRecord)
     for (auto const& c : cases) {
         ProjectBoard board(QStringLiteral("S[4]"));
         TUScene* symbol = sceneOf(board.project(), board.shot(0));
-        if (c.flag >= 0)
-            addSceneInfo(symbol, c.value, c.flag);
+        if (c.flag >= 0) {
+            auto* info = new KRC_SceneInfo();
+            setName(info->name(), c.value, c.flag);
+            symbol->metadatas()->add(info);
+        }
         Shot_t const shot = board->getShotAt(2, previous);
         ASSERT_NE(nullptr, shot.sceneInfo());
         EXPECT_EQ(QString::fromLatin1(c.nameAfter), shot.sceneInfo()->name().value()) << c.value << c.flag;
@@ -121,35 +120,26 @@ TEST(HandleRecords, AShotMadeOutsideGetShotAtKeepsItsRecordFresh)
     EXPECT_EQ(QStringLiteral("internalSymbol"), shot.name());
 }
 
-struct NameCase
+TEST(HandleNames, OnlyCustomSequenceAndActNamesStand)
 {
-    char const* value;
-    int flag;
-    char const* answer; // what name() answers; "0"/helper fallbacks included
-};
-
-class ShotGroupNames : public testing::TestWithParam<NameCase>
-{
-};
-
-TEST_P(ShotGroupNames, OnlyCustomSequenceAndActNamesStand)
-{
-    const NameCase c = GetParam();
-    ProjectBoard board(QStringLiteral("S[4,4]"));
-    Shot_t const shot = board->getShotAt(1, previous);
-    for (KRC_ObjectName* name : { &shot.sceneInfo()->sequenceName(), &shot.sceneInfo()->actName() }) {
-        name->setValue(QString::fromLatin1(c.value));
-        name->setFlag(c.flag);
+    struct
+    {
+        char const* value;
+        int flag;
+        char const* answer; // what the handles answer, "0" when the name does not stand
+    } const cases[]
+        = { { "SEQ", 2, "SEQ" }, { "SEQ", 3, "SEQ" }, { "SEQ", 0, "0" }, { "SEQ", 1, "0" }, { "", 2, "" } };
+    for (auto const& c : cases) {
+        ProjectBoard board(QStringLiteral("S[4,4]"));
+        Shot_t const shot = board->getShotAt(1, previous);
+        for (KRC_ObjectName* name : { &shot.sceneInfo()->sequenceName(), &shot.sceneInfo()->actName() })
+            setName(*name, c.value, c.flag);
+        Panel_t const panel = board->getPanelAt(6, previous);
+        for (QString const& answer :
+            { shot.sequenceName(), shot.actName(), panel.sequenceName(), panel.actName() })
+            EXPECT_EQ(QString::fromLatin1(c.answer), answer) << c.value << c.flag;
     }
-    Panel_t const panel = board->getPanelAt(6, previous);
-    for (QString const& answer :
-        { shot.sequenceName(), shot.actName(), panel.sequenceName(), panel.actName() })
-        EXPECT_EQ(QString::fromLatin1(c.answer), answer);
 }
-
-INSTANTIATE_TEST_SUITE_P(Flags, ShotGroupNames,
-    testing::Values(NameCase { "SEQ", 2, "SEQ" }, NameCase { "SEQ", 3, "SEQ" }, NameCase { "SEQ", 0, "0" },
-        NameCase { "SEQ", 1, "0" }, NameCase { "", 2, "" }));
 
 TEST(HandleNames, CustomNamesStandAndAutoNamesComeFromTheHelper)
 {
@@ -166,9 +156,7 @@ TEST(HandleNames, CustomNamesStandAndAutoNamesComeFromTheHelper)
 
     // A new scene record is custom and empty: its empty value stands.
     EXPECT_TRUE(shot.name().isEmpty());
-    shot.sceneInfo()->name().setFlag(0);
-    EXPECT_EQ(QStringLiteral("SH-auto"), shot.name());
-    shot.sceneInfo()->name().setValue(QStringLiteral("SH010"));
+    setName(shot.sceneInfo()->name(), "SH010", 0);
     EXPECT_EQ(QStringLiteral("SH-auto"), shot.name());
     shot.sceneInfo()->name().setFlag(KRC_ObjectName::kCustom | KRC_ObjectName::kLocked);
     EXPECT_EQ(QStringLiteral("SH010"), shot.name());
@@ -193,15 +181,12 @@ TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
 {
     ProjectBoard board(QStringLiteral("S[4,4] T2 S[6]"));
     {
-        Shot_t const shot = board->getShotAt(1, previous);
-        shot.sceneInfo()->name().setValue(QStringLiteral("SH010"));
-        shot.sceneInfo()->sequenceName().setValue(QStringLiteral("SQ1"));
-        shot.sceneInfo()->sequenceName().setFlag(3);
-        shot.sceneInfo()->actName().setValue(QStringLiteral("A"));
-        shot.sceneInfo()->actName().setFlag(1);
+        KRC_SceneInfo* scene = board->getShotAt(1, previous).sceneInfo();
+        scene->name().setValue(QStringLiteral("SH010"));
+        setName(scene->sequenceName(), "SQ1", 3);
+        setName(scene->actName(), "A", 1);
         Panel_t const panel = board->getPanelAt(6, previous);
-        panel.panelInfo()->name().setValue(QStringLiteral("P2"));
-        panel.panelInfo()->name().setFlag(2);
+        setName(panel.panelInfo()->name(), "P2", 2);
         panel.panelInfo()->setExportFlag(5);
     }
 
@@ -225,6 +210,7 @@ TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
     Panel_t const panel = view.getPanelAt(6, previous);
     EXPECT_EQ(QStringLiteral("P2"), panel.name());
     EXPECT_EQ(5, panel.panelInfo()->exportFlag());
+    // The view found the reloaded records rather than adding new ones.
     EXPECT_EQ(1, countIn<KRC_SceneInfo>(symbol));
     EXPECT_EQ(1, countIn<KRC_PanelInfo>(panelScene));
 }

@@ -33,27 +33,16 @@ KRC_ReferenceToolData sample()
     return data;
 }
 
-TEST(ReferenceToolData, NewRecordStartsFromTheDefaults)
+TEST(ReferenceToolData, OptionsAreBitsOverDefaultData)
 {
     KRC_ReferenceToolData data;
-    EXPECT_EQ(data.pos(), Math::Point2d(0, 0));
-    EXPECT_EQ(data.scale(), 1.0);
-    EXPECT_EQ(data.angle(), 0.0);
-    EXPECT_EQ(data.alpha(), 1.0);
-    EXPECT_EQ(data.rgb(), QColor(255, 30, 255));
-    EXPECT_EQ(data.options(), 0);
-    EXPECT_FALSE(data.showOnThumbnails());
-    EXPECT_FALSE(data.autoUpdateThumbnails());
     EXPECT_TRUE(data.isValid());
     EXPECT_TRUE(data.data() == KRC_ReferenceToolData::Data_t());
-
+    EXPECT_FALSE(data.showOnThumbnails() || data.autoUpdateThumbnails());
     data.addOption(KRC_ReferenceToolData::ShowOnThumbnails);
     data.addOption(KRC_ReferenceToolData::AutoUpdateThumbnails);
     EXPECT_EQ(data.options(), 3);
     EXPECT_TRUE(data.showOnThumbnails() && data.autoUpdateThumbnails());
-    KRC_ReferenceToolData::Data_t moved;
-    moved.alpha = 0.5;
-    EXPECT_TRUE(moved != KRC_ReferenceToolData::Data_t());
 }
 
 TEST(ReferenceToolData, XmlRoundTripKeepsEveryFieldInFormatOrder)
@@ -64,8 +53,7 @@ TEST(ReferenceToolData, XmlRoundTripKeepsEveryFieldInFormatOrder)
     const auto* reloaded = metatest::first<KRC_ReferenceToolData>(metas.get());
     ASSERT_TRUE(reloaded);
     EXPECT_TRUE(reloaded->data() == sample().data());
-    EXPECT_EQ(reloaded->options(), 2);
-    EXPECT_EQ(reloaded->creator(), QString("someone"));
+    EXPECT_EQ(metatest::dumpOf(*reloaded), metatest::dumpOf(sample()));
     EXPECT_TRUE(
         written.contains("<referenceToolData><position x=\"12.25\" y=\"-3.5\" angle=\"45\" scale=\"0.1\"/>"
                          "<color r=\"10\" g=\"20\" b=\"30\" a=\"0.75\"/><options value=\"2\"/>"
@@ -133,17 +121,11 @@ TEST(ReferenceToolData, CloneTakesIdentityAndContentAndDumpListsThem)
     std::unique_ptr<PIO_Metadata> clone(source.clone());
     auto* copy = dynamic_cast<KRC_ReferenceToolData*>(clone.get());
     ASSERT_TRUE(copy);
-    EXPECT_EQ(copy->metaName(), QString("tool"));
-    EXPECT_EQ(copy->creator(), QString("someone"));
-    EXPECT_EQ(copy->version(), QString("0.9"));
-    EXPECT_TRUE(copy->data() == source.data());
-    EXPECT_EQ(copy->options(), source.options());
+    EXPECT_EQ(metatest::dumpOf(*copy), metatest::dumpOf(source));
 
     QString base;
     source.PIO_Metadata::dumpToString(base);
-    QString dump;
-    source.dumpToString(dump);
-    EXPECT_EQ(dump,
+    EXPECT_EQ(metatest::dumpOf(source),
         base
             + "Position x=12.25, y=-3.5\nScale=0.1, angle=45\nColor(r,g,b,a) = 10, 20, 30, 0.75\n"
               "Show on thumbnails = false\nAuto update thumbnails = true\n");
