@@ -57,144 +57,112 @@ SC_Id shot(HostStoryboard const& board, size_t i)
     return board.shots.at(i);
 }
 
-SC_Id panel(HostStoryboard const& board, size_t s, size_t p)
+SC_Id panel(HostStoryboard const& board, size_t s, size_t i)
 {
-    return board.panels.at(s).at(p);
+    return board.panels.at(s).at(i);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Engine, TimelineEdit,
-    ::testing::Values(
-        EditCase { "insert shot first", "S[4] S[5]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 0, { 2, 3 }, e).isNull(); },
-                   "S[2,3] S[4] S[5]" },
-        EditCase { "insert shot between", "S[4] S[5]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 1, { 1 }, e).isNull(); },
-                   "S[4] S[1] S[5]" },
-        EditCase { "append shot after a transition", "S[4] T2 S[5]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 2, { 3 }, e).isNull(); },
-                   "S[4] T2 S[5] S[3]" },
-        EditCase { "insert shot at a transition", "S[4] T2 S[5]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 1, { 3 }, e).isNull(); },
-                   nullptr },
-        EditCase { "insert shot past the end", "S[4]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 2, { 3 }, e).isNull(); },
-                   nullptr },
-        EditCase { "insert shot without panel", "S[4]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertShot(b.project.get(), 0, {}, e).isNull(); },
-                   nullptr },
+bool made(SC_Id const& id)
+{
+    return !id.isNull();
+}
+
+using namespace HostAuthoring;
+
+// An edit of the table's project; p is the project, e the error.
+#define EDIT(call)                                                                                           \
+    [](HostStoryboard& b, QString* e) {                                                                      \
+        SC_Project* p = b.project.get();                                                                     \
+        return call;                                                                                         \
+    }
+
+INSTANTIATE_TEST_SUITE_P(Engine, TimelineEdit,
+    ::testing::Values(EditCase { "insert shot first", "S[4] S[5]", EDIT(made(insertShot(p, 0, { 2, 3 }, e))),
+                          "S[2,3] S[4] S[5]" },
+        EditCase {
+            "insert shot between", "S[4] S[5]", EDIT(made(insertShot(p, 1, { 1 }, e))), "S[4] S[1] S[5]" },
+        EditCase { "append shot after a transition", "S[4] T2 S[5]", EDIT(made(insertShot(p, 2, { 3 }, e))),
+            "S[4] T2 S[5] S[3]" },
+        EditCase {
+            "insert shot at a transition", "S[4] T2 S[5]", EDIT(made(insertShot(p, 1, { 3 }, e))), nullptr },
+        EditCase { "insert shot past the end", "S[4]", EDIT(made(insertShot(p, 2, { 3 }, e))), nullptr },
+        EditCase { "insert shot without panel", "S[4]", EDIT(made(insertShot(p, 0, {}, e))), nullptr },
         EditCase { "remove shot with its transitions", "S[4] T2 S[5] T1 S[3]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removeShot(b.project.get(), shot(b, 1), e); },
-                   "S[4] S[3]" },
-        EditCase { "remove unknown shot", "S[4]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removeShot(b.project.get(), SC_Id(999), e); }, nullptr },
-        EditCase { "remove a panel as a shot", "S[4]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removeShot(b.project.get(), panel(b, 0, 0), e); },
-                   nullptr },
-        EditCase { "move shot forward", "S[1] S[2] S[3] S[4]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveShot(b.project.get(), shot(b, 0), 2, e); },
-                   "S[2] S[3] S[1] S[4]" },
-        EditCase { "move shot back", "S[1] S[2] S[3] S[4]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveShot(b.project.get(), shot(b, 3), 0, e); },
-                   "S[4] S[1] S[2] S[3]" },
+            EDIT(removeShot(p, shot(b, 1), e)), "S[4] S[3]" },
+        EditCase { "remove unknown shot", "S[4]", EDIT(removeShot(p, SC_Id(999), e)), nullptr },
+        EditCase { "remove a panel as a shot", "S[4]", EDIT(removeShot(p, panel(b, 0, 0), e)), nullptr },
+        EditCase { "move shot forward", "S[1] S[2] S[3] S[4]", EDIT(moveShot(p, shot(b, 0), 2, e)),
+            "S[2] S[3] S[1] S[4]" },
+        EditCase { "move shot back", "S[1] S[2] S[3] S[4]", EDIT(moveShot(p, shot(b, 3), 0, e)),
+            "S[4] S[1] S[2] S[3]" },
         EditCase { "move shot drops its transitions", "S[3] T1 S[4] S[5]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveShot(b.project.get(), shot(b, 1), 2, e); },
-                   "S[3] S[5] S[4]" },
-        EditCase { "move shot onto a transition", "S[3] S[4] T1 S[5]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveShot(b.project.get(), shot(b, 0), 1, e); },
-                   nullptr },
+            EDIT(moveShot(p, shot(b, 1), 2, e)), "S[3] S[5] S[4]" },
+        EditCase { "move shot onto a transition", "S[3] S[4] T1 S[5]", EDIT(moveShot(p, shot(b, 0), 1, e)),
+            nullptr },
         EditCase { "resize following shot resizes its last panel", "S[3,4] S[2]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeShot(b.project.get(), shot(b, 0), 10, e); },
-                   "S[3,7] S[2]" },
-        EditCase { "shrink shot below its last panel", "S[3,4] S[2]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeShot(b.project.get(), shot(b, 0), 3, e); },
-                   nullptr },
+            EDIT(resizeShot(p, shot(b, 0), 10, e)), "S[3,7] S[2]" },
+        EditCase { "shrink shot below its last panel", "S[3,4] S[2]", EDIT(resizeShot(p, shot(b, 0), 3, e)),
+            nullptr },
         EditCase { "shrink shot under its transitions", "S[3] T2 S[5] T2 S[3]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeShot(b.project.get(), shot(b, 1), 4, e); },
-                   nullptr },
+            EDIT(resizeShot(p, shot(b, 1), 4, e)), nullptr },
         EditCase { "resize warped shot keeps its panels", "S[5,5]~2:10 S[2]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeShot(b.project.get(), shot(b, 0), 20, e); },
-                   "S[5,5]~2:10=20 S[2]" },
-        EditCase { "set a warp", "S[5,5] S[2]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::setTimeWarp(b.project.get(), shot(b, 0), 3, 8, e); },
-                   "S[5,5]~3:8 S[2]" },
-        EditCase { "warp ending before it starts", "S[5]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::setTimeWarp(b.project.get(), shot(b, 0), 4, 3, e); },
-                   nullptr },
+            EDIT(resizeShot(p, shot(b, 0), 20, e)), "S[5,5]~2:10=20 S[2]" },
+        EditCase {
+            "set a warp", "S[5,5] S[2]", EDIT(setTimeWarp(p, shot(b, 0), 3, 8, e)), "S[5,5]~3:8 S[2]" },
+        EditCase {
+            "warp ending before it starts", "S[5]", EDIT(setTimeWarp(p, shot(b, 0), 4, 3, e)), nullptr },
         EditCase { "insert panel grows a following shot", "S[2,3] T1 S[4]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertPanel(b.project.get(), shot(b, 0), 1, 5, e).isNull(); },
-                   "S[2,5,3] T1 S[4]" },
+            EDIT(made(insertPanel(p, shot(b, 0), 1, 5, e))), "S[2,5,3] T1 S[4]" },
         EditCase { "insert panel in a warped shot", "S[2,3]~2:5",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertPanel(b.project.get(), shot(b, 0), 2, 5, e).isNull(); },
-                   "S[2,3,5]~2:5=5" },
-        EditCase { "remove panel", "S[2,3,4] S[1]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removePanel(b.project.get(), panel(b, 0, 1), e); },
-                   "S[2,4] S[1]" },
+            EDIT(made(insertPanel(p, shot(b, 0), 2, 5, e))), "S[2,3,5]~2:5=5" },
+        EditCase { "remove panel", "S[2,3,4] S[1]", EDIT(removePanel(p, panel(b, 0, 1), e)), "S[2,4] S[1]" },
         EditCase { "remove last panel of a following shot", "S[2] S[1]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removePanel(b.project.get(), panel(b, 0, 0), e); },
-                   nullptr },
+            EDIT(removePanel(p, panel(b, 0, 0), e)), nullptr },
         EditCase { "remove panel under a transition's need", "S[2,2] T3 S[5]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removePanel(b.project.get(), panel(b, 0, 0), e); },
-                   nullptr },
-        EditCase { "resize panel", "S[2,3] S[1]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizePanel(b.project.get(), panel(b, 0, 0), 6, e); },
-                   "S[6,3] S[1]" },
-        EditCase { "resize panel to nothing", "S[2,3]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizePanel(b.project.get(), panel(b, 0, 0), 0, e); },
-                   nullptr },
+            EDIT(removePanel(p, panel(b, 0, 0), e)), nullptr },
+        EditCase { "resize panel", "S[2,3] S[1]", EDIT(resizePanel(p, panel(b, 0, 0), 6, e)), "S[6,3] S[1]" },
+        EditCase { "resize panel to nothing", "S[2,3]", EDIT(resizePanel(p, panel(b, 0, 0), 0, e)), nullptr },
         EditCase { "move panel within its shot", "S[1,2,3]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::movePanel(b.project.get(), panel(b, 0, 0), shot(b, 0), 2, e); },
-                   "S[2,3,1]" },
+            EDIT(movePanel(p, panel(b, 0, 0), shot(b, 0), 2, e)), "S[2,3,1]" },
         EditCase { "move panel to another shot", "S[1,2] S[3]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::movePanel(b.project.get(), panel(b, 0, 1), shot(b, 1), 0, e); },
-                   "S[1] S[2,3]" },
+            EDIT(movePanel(p, panel(b, 0, 1), shot(b, 1), 0, e)), "S[1] S[2,3]" },
         EditCase { "move the only panel away", "S[1] S[3]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::movePanel(b.project.get(), panel(b, 0, 0), shot(b, 1), 0, e); },
-                   nullptr },
+            EDIT(movePanel(p, panel(b, 0, 0), shot(b, 1), 0, e)), nullptr },
         EditCase { "insert inner transition", "S[4] S[5]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertTransition(b.project.get(), 1, 3, 0, 0, false, e).isNull(); },
-                   "S[4] T3 S[5]" },
+            EDIT(made(insertTransition(p, 1, 3, 0, 0, false, e))), "S[4] T3 S[5]" },
         EditCase { "insert transitions at both ends", "S[4]",
-                   [](HostStoryboard& b, QString* e) {
-                       return !HostAuthoring::insertTransition(b.project.get(), 0, 1, 0, 0, false, e).isNull()
-                           && !HostAuthoring::insertTransition(b.project.get(), 1, 2, AT_TransitionSeq::eWipe, 45, true, e).isNull();
-                   },
-                   "T1 S[4] T2:wipe,45,r" },
+            EDIT(made(insertTransition(p, 0, 1, 0, 0, false, e))
+                && made(insertTransition(p, 1, 2, AT_TransitionSeq::eWipe, 45, true, e))),
+            "T1 S[4] T2:wipe,45,r" },
         EditCase { "transition too long for its shots", "S[4] S[5]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertTransition(b.project.get(), 1, 4, 0, 0, false, e).isNull(); },
-                   nullptr },
+            EDIT(made(insertTransition(p, 1, 4, 0, 0, false, e))), nullptr },
         EditCase { "transition on a busy junction", "S[4] T1 S[5]",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertTransition(b.project.get(), 1, 1, 0, 0, false, e).isNull(); },
-                   nullptr },
+            EDIT(made(insertTransition(p, 1, 1, 0, 0, false, e))), nullptr },
         EditCase { "transition on an empty timeline", "",
-                   [](HostStoryboard& b, QString* e) { return !HostAuthoring::insertTransition(b.project.get(), 0, 1, 0, 0, false, e).isNull(); },
-                   nullptr },
-        EditCase { "remove transition", "S[4] T3 S[5]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::removeTransition(b.project.get(), b.transitions.at(0), e); },
-                   "S[4] S[5]" },
-        EditCase { "resize transition", "S[4] T3 S[5]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeTransition(b.project.get(), b.transitions.at(0), 1, e); },
-                   "S[4] T1 S[5]" },
+            EDIT(made(insertTransition(p, 0, 1, 0, 0, false, e))), nullptr },
+        EditCase { "remove transition", "S[4] T3 S[5]", EDIT(removeTransition(p, b.transitions.at(0), e)),
+            "S[4] S[5]" },
+        EditCase { "resize transition", "S[4] T3 S[5]", EDIT(resizeTransition(p, b.transitions.at(0), 1, e)),
+            "S[4] T1 S[5]" },
         EditCase { "grow transition past its room", "S[4] T3 S[5]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::resizeTransition(b.project.get(), b.transitions.at(0), 4, e); },
-                   nullptr },
-        EditCase { "move transition", "S[4] T3 S[5] S[6]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveTransition(b.project.get(), b.transitions.at(0), 2, e); },
-                   "S[4] S[5] T3 S[6]" },
+            EDIT(resizeTransition(p, b.transitions.at(0), 4, e)), nullptr },
+        EditCase { "move transition", "S[4] T3 S[5] S[6]", EDIT(moveTransition(p, b.transitions.at(0), 2, e)),
+            "S[4] S[5] T3 S[6]" },
         EditCase { "move transition beside itself", "S[4] S[5] T3 S[6]",
-                   [](HostStoryboard& b, QString* e) { return HostAuthoring::moveTransition(b.project.get(), b.transitions.at(0), 3, e); },
-                   "S[4] S[5] S[6] T3" },
+            EDIT(moveTransition(p, b.transitions.at(0), 3, e)), "S[4] S[5] S[6] T3" },
         EditCase { "set transition style", "S[4] T3 S[5]",
-                   [](HostStoryboard& b, QString* e) {
-                       return HostAuthoring::setTransitionStyle(b.project.get(), b.transitions.at(0), AT_TransitionSeq::eSlide, 0, true, e);
-                   },
-                   "S[4] T3:slide,0,r S[5]" }));
+            EDIT(setTransitionStyle(p, b.transitions.at(0), AT_TransitionSeq::eSlide, 0, true, e)),
+            "S[4] T3:slide,0,r S[5]" }));
 
 TEST(EngineAuthoring, idsStayTrueAcrossEdits)
 {
     HostStoryboard board = engineBoard(QStringLiteral("S[2] T1 S[3] S[4]"));
     SC_Project* project = board.project.get();
+    TUSceneChangeManager* manager = project->projectCommon()->changeManager();
+    ASSERT_NE(manager, nullptr) << "a project made without a manager has its own";
+    EXPECT_FALSE(manager->hasPendingChanges()) << "building posts nothing";
     SC_Id const inserted = HostAuthoring::insertShot(project, 0, { 5 });
+    EXPECT_TRUE(manager->hasPendingChanges());
     ASSERT_FALSE(inserted.isNull());
     EXPECT_EQ(HostAuthoring::shotIndex(project, board.shots[0]), 1);
     EXPECT_EQ(HostAuthoring::shotIndex(project, board.shots[2]), 3);
@@ -246,16 +214,6 @@ TEST(EngineAuthoring, removeShotRemovesItsScenes)
     EXPECT_NE(scenes->find(board.shots[1]), nullptr);
     EXPECT_EQ(recorder.lastRemoved.size(), 3u);
     EXPECT_EQ(project->topScene()->sequence()->blockAt(0)->firstFrame, 1u);
-}
-
-TEST(EngineAuthoring, editsReachTheProjectsOwnManagerWhenNoneIsGiven)
-{
-    HostStoryboard board = engineBoard(QStringLiteral("S[2]"));
-    TUSceneChangeManager* manager = board.project->projectCommon()->changeManager();
-    ASSERT_NE(manager, nullptr);
-    EXPECT_FALSE(manager->hasPendingChanges()) << "building posts nothing";
-    HostAuthoring::resizeShot(board.project.get(), board.shots[0], 5);
-    EXPECT_TRUE(manager->hasPendingChanges());
 }
 
 // --- The compact builder -------------------------------------------------------

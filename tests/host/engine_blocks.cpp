@@ -26,45 +26,39 @@ QString blockName(HostStoryboard const& board, AT_FrameBlock const* block)
     return QStringLiteral("?");
 }
 
-struct LookupCase
+TEST(EngineBlocks, countAndBlockAtFrame)
 {
-    char const* description;
-    double frame;
-    unsigned count;
-    char const* block;
-};
-
-class BlockLookup : public ::testing::TestWithParam<LookupCase>
-{
-};
-
-TEST_P(BlockLookup, countAndBlockAtFrame)
-{
-    LookupCase const& c = GetParam();
-    HostStoryboard board = engineBoard(QString::fromLatin1(c.description));
-    TUSeqTimedValue const* tv = board.project->topScene()->sequence();
-    EXPECT_EQ(tv->getBlockCount(c.frame), c.count) << c.description << " at " << c.frame;
-    EXPECT_EQ(blockName(board, tv->getBlock(c.frame)), QString::fromLatin1(c.block))
-        << c.description << " at " << c.frame;
+    struct Probe
+    {
+        double frame;
+        unsigned count;
+        char const* block;
+    };
+    struct
+    {
+        char const* description;
+        std::vector<Probe> probes;
+    } const cases[] = {
+        // A [1,10], T [7,10], B [7,14], C [15,19].
+        { "S[10] T4 S[8] S[5]",
+            { { -1.0, 0, "-" }, { 0.0, 0, "-" }, { 0.5, 0, "-" }, { 1.0, 1, "A" }, { 6.0, 1, "A" },
+                { 7.0, 3, "T" }, { 10.0, 3, "T" }, { 10.75, 3, "T" }, { 11.0, 1, "B" }, { 14.0, 1, "B" },
+                { 15.0, 1, "C" }, { 19.0, 1, "C" }, { 19.99, 1, "C" }, { 20.0, 0, "-" } } },
+        { "T3 S[10]", { { 1.0, 2, "T" }, { 3.0, 2, "T" }, { 4.0, 1, "A" } } },
+        { "S[10] T2", { { 8.0, 1, "A" }, { 9.0, 2, "T" }, { 10.0, 2, "T" }, { 11.0, 0, "-" } } },
+        { "", { { 1.0, 0, "-" } } },
+        { "S[3] T1 S[3] T1 S[3]", { { 3.0, 3, "T" }, { 4.0, 1, "B" }, { 5.0, 3, "T" }, { 7.0, 1, "C" } } },
+    };
+    for (auto const& c : cases) {
+        HostStoryboard board = engineBoard(QString::fromLatin1(c.description));
+        TUSeqTimedValue const* tv = board.project->topScene()->sequence();
+        for (Probe const& at : c.probes) {
+            EXPECT_EQ(tv->getBlockCount(at.frame), at.count) << c.description << " at " << at.frame;
+            EXPECT_EQ(blockName(board, tv->getBlock(at.frame)), QString::fromLatin1(at.block))
+                << c.description << " at " << at.frame;
+        }
+    }
 }
-
-// "S[10] T4 S[8] S[5]": A [1,10], T [7,10], B [7,14], C [15,19].
-INSTANTIATE_TEST_SUITE_P(Engine, BlockLookup,
-    ::testing::Values(LookupCase { "S[10] T4 S[8] S[5]", -1.0, 0, "-" },
-        LookupCase { "S[10] T4 S[8] S[5]", 0.0, 0, "-" }, LookupCase { "S[10] T4 S[8] S[5]", 0.5, 0, "-" },
-        LookupCase { "S[10] T4 S[8] S[5]", 1.0, 1, "A" }, LookupCase { "S[10] T4 S[8] S[5]", 6.0, 1, "A" },
-        LookupCase { "S[10] T4 S[8] S[5]", 7.0, 3, "T" }, LookupCase { "S[10] T4 S[8] S[5]", 10.0, 3, "T" },
-        LookupCase { "S[10] T4 S[8] S[5]", 10.75, 3, "T" }, LookupCase { "S[10] T4 S[8] S[5]", 11.0, 1, "B" },
-        LookupCase { "S[10] T4 S[8] S[5]", 14.0, 1, "B" }, LookupCase { "S[10] T4 S[8] S[5]", 15.0, 1, "C" },
-        LookupCase { "S[10] T4 S[8] S[5]", 19.0, 1, "C" }, LookupCase { "S[10] T4 S[8] S[5]", 19.99, 1, "C" },
-        LookupCase { "S[10] T4 S[8] S[5]", 20.0, 0, "-" }, LookupCase { "T3 S[10]", 1.0, 2, "T" },
-        LookupCase { "T3 S[10]", 3.0, 2, "T" }, LookupCase { "T3 S[10]", 4.0, 1, "A" },
-        LookupCase { "S[10] T2", 8.0, 1, "A" }, LookupCase { "S[10] T2", 9.0, 2, "T" },
-        LookupCase { "S[10] T2", 10.0, 2, "T" }, LookupCase { "S[10] T2", 11.0, 0, "-" },
-        LookupCase { "", 1.0, 0, "-" }, LookupCase { "S[3] T1 S[3] T1 S[3]", 3.0, 3, "T" },
-        LookupCase { "S[3] T1 S[3] T1 S[3]", 4.0, 1, "B" },
-        LookupCase { "S[3] T1 S[3] T1 S[3]", 5.0, 3, "T" },
-        LookupCase { "S[3] T1 S[3] T1 S[3]", 7.0, 1, "C" }));
 
 TEST(EngineBlocks, neighboursFollowListOrderWithTransitions)
 {
@@ -297,10 +291,8 @@ INSTANTIATE_TEST_SUITE_P(Engine, WarpMap,
 
 TEST(EngineWarp, degenerateRangesMapToTheirStart)
 {
-    AT_TimeWarpSeq point(SC_Id(1), 4, 4);
-    EXPECT_DOUBLE_EQ(point.globalFrame(4, 10, 20), 10.0);
-    AT_TimeWarpSeq warp(SC_Id(1), 3, 7);
-    EXPECT_DOUBLE_EQ(warp.globalFrame(7, 5, 5), 5.0);
+    EXPECT_DOUBLE_EQ(AT_TimeWarpSeq(SC_Id(1), 4, 4).globalFrame(4, 10, 20), 10.0);
+    EXPECT_DOUBLE_EQ(AT_TimeWarpSeq(SC_Id(1), 3, 7).globalFrame(7, 5, 5), 5.0);
 }
 
 struct RoundCase

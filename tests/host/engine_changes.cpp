@@ -69,24 +69,23 @@ TEST_F(EngineChanges, nothingGoesOutBeforeNotifyThenEachKindOnceInOrder)
     EXPECT_TRUE(recorder.lines.isEmpty());
 }
 
-TEST_F(EngineChanges, clearDropsWhatIsPending)
+TEST_F(EngineChanges, clearDropsWhatIsPendingAndDisposesOfRemovedValues)
 {
+    manager.postSelectionChanged();
+    EXPECT_FALSE(manager.hasPendingChanges()) << "a selection alone is no change of the model";
+    bool destroyed = false;
+    auto* value = new WatchedValue(top->sceneCommon(), &destroyed);
+    top->addTimedValue(value);
+    top->removeTimedValue(value);
     EngineChangeRecorder recorder(manager);
     manager.postTimedValueChanged(top->sequence());
-    manager.postSelectionChanged();
     manager.markSceneChanged();
+    EXPECT_TRUE(manager.hasPendingChanges());
     manager.clear();
+    EXPECT_TRUE(destroyed);
     EXPECT_FALSE(manager.hasPendingChanges());
     manager.notify();
     EXPECT_TRUE(recorder.lines.isEmpty());
-}
-
-TEST_F(EngineChanges, selectionAloneIsNoPendingChangeOfTheModel)
-{
-    manager.postSelectionChanged();
-    EXPECT_FALSE(manager.hasPendingChanges());
-    manager.markSceneChanged();
-    EXPECT_TRUE(manager.hasPendingChanges());
 }
 
 TEST_F(EngineChanges, holdsNestAndKeepEverythingPending)
@@ -182,16 +181,6 @@ TEST_F(EngineChanges, removedValueLivesUntilItsRemovalIsDelivered)
     EXPECT_FALSE(destroyed);
     manager.notify();
     EXPECT_EQ(seenName, QStringLiteral("watched"));
-    EXPECT_TRUE(destroyed);
-}
-
-TEST_F(EngineChanges, clearDisposesOfRemovedValues)
-{
-    bool destroyed = false;
-    auto* value = new WatchedValue(top->sceneCommon(), &destroyed);
-    top->addTimedValue(value);
-    top->removeTimedValue(value);
-    manager.clear();
     EXPECT_TRUE(destroyed);
 }
 

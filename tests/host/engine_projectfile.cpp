@@ -118,6 +118,11 @@ class RefusedDocument : public ::testing::TestWithParam<BadDocument>
 {
 };
 
+#define ROOT "<engineProject version=\"1\" nextId=\"9\">"
+#define END "</engineProject>"
+// The top scene's sequence, opened and closed.
+#define SEQ "<scene id=\"1\"><sequence>"
+#define QES "</sequence></scene>"
 #define SCENES_OK                                                                                            \
     "<scene id=\"1\"><sequence><block first=\"1\" last=\"5\" kind=\"warp\" scene=\"2\" start=\"1\" "         \
     "end=\"5\"/>"                                                                                            \
@@ -135,101 +140,66 @@ TEST_P(RefusedDocument, givesNoProjectAndNamesThePlace)
 
 INSTANTIATE_TEST_SUITE_P(Engine, RefusedDocument,
     ::testing::Values(BadDocument { "empty", "", "" }, BadDocument { "not xml", "this is no xml", "" },
-        BadDocument { "truncated", "<engineProject version=\"1\" nextId=\"9\">" SCENES_OK, "" },
+        BadDocument { "truncated", ROOT SCENES_OK, "" },
         BadDocument { "other root", "<project/>", "no engine project" },
         BadDocument { "unknown version", "<engineProject version=\"2\" nextId=\"9\"/>", "version \"2\"" },
         BadDocument { "no scene", "<engineProject version=\"1\" nextId=\"9\"/>", "no scene" },
+        BadDocument { "missing nextId", "<engineProject version=\"1\">" SCENES_OK END, "\"nextId\"" },
         BadDocument {
-            "missing nextId", "<engineProject version=\"1\">" SCENES_OK "</engineProject>", "\"nextId\"" },
-        BadDocument { "nextId too small",
-            "<engineProject version=\"1\" nextId=\"2\">" SCENES_OK "</engineProject>", "\"nextId\" 2" },
-        BadDocument { "unknown element", "<engineProject version=\"1\" nextId=\"9\"><shot/></engineProject>",
-            "unexpected element <shot>" },
-        BadDocument { "duplicate scene id",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"/><scene id=\"1\"/></engineProject>",
+            "nextId too small", "<engineProject version=\"1\" nextId=\"2\">" SCENES_OK END, "\"nextId\" 2" },
+        BadDocument { "unknown element", ROOT "<shot/>" END, "unexpected element <shot>" },
+        BadDocument { "duplicate scene id", ROOT "<scene id=\"1\"/><scene id=\"1\"/>" END,
             "scene id 1 is given twice" },
-        BadDocument { "zero id",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"0\"/></engineProject>", "is 0" },
-        BadDocument { "bad number",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence><block first=\"x\" "
-            "last=\"5\" "
-            "kind=\"other\"/></sequence></scene></engineProject>",
+        BadDocument { "zero id", ROOT "<scene id=\"0\"/>" END, "is 0" },
+        BadDocument { "bad number", ROOT SEQ "<block first=\"x\" last=\"5\" kind=\"other\"/>" QES END,
             "\"x\" is not a valid value for \"first\"" },
-        BadDocument { "unknown block kind",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence><block first=\"1\" "
-            "last=\"5\" "
-            "kind=\"sound\"/></sequence></scene></engineProject>",
+        BadDocument { "unknown block kind", ROOT SEQ "<block first=\"1\" last=\"5\" kind=\"sound\"/>" QES END,
             "unknown kind of block \"sound\"" },
         BadDocument { "missing scene",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence><block first=\"1\" "
-            "last=\"5\" "
-            "kind=\"warp\" scene=\"7\" start=\"1\" end=\"5\"/></sequence></scene></engineProject>",
+            ROOT SEQ
+            "<block first=\"1\" last=\"5\" kind=\"warp\" scene=\"7\" start=\"1\" end=\"5\"/>" QES END,
             "line 1, column 129: the block refers to scene 7, which does not exist" },
         BadDocument { "shows the top scene",
-            "<engineProject version=\"1\" nextId=\"9\">" SCENES_OK
-            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
-            "scene=\"1\"/></sequence></scene>"
-            "</engineProject>",
+            ROOT SCENES_OK
+            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" scene=\"1\"/>" QES END,
             "shows scene 1" },
         BadDocument { "scene shown twice",
-            "<engineProject version=\"1\" nextId=\"9\">" SCENES_OK
-            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
-            "scene=\"2\"/></sequence></scene>"
-            "</engineProject>",
+            ROOT SCENES_OK
+            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" scene=\"2\"/>" QES END,
             "scene 2 is shown by two blocks" },
         BadDocument { "cycle",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"/>"
-            "<scene id=\"2\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
-            "scene=\"3\"/></sequence></scene>"
-            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
-            "scene=\"2\"/></sequence></scene>"
-            "</engineProject>",
+            ROOT
+            "<scene id=\"1\"/><scene id=\"2\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
+            "scene=\"3\"/>" QES
+            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" scene=\"2\"/>" QES END,
             "shows itself" },
         BadDocument { "overlapping shot blocks",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence>"
-            "<block first=\"1\" last=\"5\" kind=\"scene\" scene=\"2\"/><block first=\"4\" last=\"8\" "
-            "kind=\"scene\" "
-            "scene=\"3\"/></sequence></scene><scene id=\"2\"/><scene id=\"3\"/></engineProject>",
+            ROOT SEQ "<block first=\"1\" last=\"5\" kind=\"scene\" scene=\"2\"/><block first=\"4\" "
+                     "last=\"8\" kind=\"scene\" scene=\"3\"/>" QES "<scene id=\"2\"/><scene id=\"3\"/>" END,
             "sequence of scene 1: block 1: overlaps the block before it" },
         BadDocument { "duplicate transition id",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence>"
-            "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"5\" type=\"0\" angle=\"0\" "
-            "reverse=\"false\"/>"
-            "<block first=\"3\" last=\"3\" kind=\"transition\" id=\"5\" type=\"0\" angle=\"0\" "
-            "reverse=\"false\"/>"
-            "</sequence></scene></engineProject>",
+            ROOT SEQ "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"5\" type=\"0\" angle=\"0\" "
+                     "reverse=\"false\"/><block first=\"3\" last=\"3\" kind=\"transition\" id=\"5\" "
+                     "type=\"0\" angle=\"0\" reverse=\"false\"/>" QES END,
             "transition id 5 is already used" },
         BadDocument { "transition id of a scene",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence>"
-            "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"1\" type=\"0\" angle=\"0\" "
-            "reverse=\"false\"/>"
-            "</sequence></scene></engineProject>",
+            ROOT SEQ "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"1\" type=\"0\" angle=\"0\" "
+                     "reverse=\"false\"/>" QES END,
             "transition id 1 is already used" },
         BadDocument { "bad reverse flag",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence>"
-            "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"4\" type=\"0\" angle=\"0\" "
-            "reverse=\"yes\"/>"
-            "</sequence></scene></engineProject>",
+            ROOT SEQ "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"4\" type=\"0\" angle=\"0\" "
+                     "reverse=\"yes\"/>" QES END,
             "reverse flag" },
         BadDocument { "warp ending before its start",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"><sequence><block first=\"1\" "
-            "last=\"5\" "
-            "kind=\"warp\" scene=\"2\" start=\"5\" end=\"1\"/></sequence></scene><scene "
-            "id=\"2\"/></engineProject>",
+            ROOT SEQ "<block first=\"1\" last=\"5\" kind=\"warp\" scene=\"2\" start=\"5\" end=\"1\"/>" QES
+                     "<scene id=\"2\"/>" END,
             "ends (1) before it starts (5)" },
-        BadDocument { "short matrix",
-            "<engineProject version=\"1\" nextId=\"9\"><defaultCamera matrix=\"1 0 0\"/></engineProject>",
-            "16 numbers" },
-        BadDocument { "two sequences",
-            "<engineProject version=\"1\" nextId=\"9\"><scene "
-            "id=\"1\"><sequence/><sequence/></scene></engineProject>",
+        BadDocument { "short matrix", ROOT "<defaultCamera matrix=\"1 0 0\"/>" END, "16 numbers" },
+        BadDocument { "two sequences", ROOT "<scene id=\"1\"><sequence/><sequence/></scene>" END,
             "<sequence> is given twice" },
-        BadDocument { "content after the root",
-            "<engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"/></engineProject><more/>", "" },
+        BadDocument { "content after the root", ROOT "<scene id=\"1\"/>" END "<more/>", "" },
         BadDocument { "entity declaration",
-            "<!DOCTYPE p [<!ENTITY x \"y\">]><engineProject version=\"1\" nextId=\"9\"><scene id=\"1\"/>"
-            "<metadatas>&x;</metadatas></engineProject>",
-            "" }));
+            "<!DOCTYPE p [<!ENTITY x \"y\">]>" ROOT "<scene id=\"1\"/><metadatas>&x;</metadatas>" END, "" }));
 
 TEST_F(EngineProjectFile, truncatedFileOfARealProjectIsRefused)
 {
