@@ -14,6 +14,8 @@
 
 #include <map>
 
+namespace Author = HostNodeAuthoring;
+
 /// Lists the names of the nodes that a walk reaches, groups included, in walk order.
 class NodeNameCollector : public MO_ModuleVisitor
 {
@@ -29,63 +31,59 @@ public:
     QStringList names;
 };
 
-/// Records the deliveries of a change manager: for each signal, the sorted names of
-/// the nodes or timed values it carried ("<gone>" for a node that is no more).
+/// Records the deliveries of a change manager: for each signal, the names of the
+/// nodes or timed values it carried ("<gone>" for a node that is no more).
 class NodeChangeLog
 {
 public:
     explicit NodeChangeLog(TUSceneChangeManager& manager)
     {
-        nodeSignal(manager, &TUSceneChangeManager::networkChanged, "network");
-        nodeSignal(manager, &TUSceneChangeManager::subNetworkChanged, "subNetwork");
-        nodeSignal(manager, &TUSceneChangeManager::childrenOrderingChanged, "ordering");
-        nodeSignal(manager, &TUSceneChangeManager::nodeLinksChanged, "links");
-        nodeSignal(manager, &TUSceneChangeManager::nodesChanged, "nodes");
-        nodeSignal(manager, &TUSceneChangeManager::nodeInstanceNamesChanged, "names");
-        valueSignal(manager, &TUSceneChangeManager::timedValuesAdded, "valuesAdded");
-        valueSignal(manager, &TUSceneChangeManager::timedValuesRemoved, "valuesRemoved");
-        valueSignal(manager, &TUSceneChangeManager::timedValuesChanged, "valuesChanged");
-        QObject::connect(&manager, &TUSceneChangeManager::nodeChangeApplied, [this](MO_Node* node) {
-            append("applied", node ? node->instanceName() : QStringLiteral("<gone>"));
-        });
-        QObject::connect(&manager, &TUSceneChangeManager::selectionChanged, [this] { ++selectionChanges; });
+        using M = TUSceneChangeManager;
+        nodeSignal(manager, &M::networkChanged, "network");
+        nodeSignal(manager, &M::subNetworkChanged, "subNetwork");
+        nodeSignal(manager, &M::childrenOrderingChanged, "ordering");
+        nodeSignal(manager, &M::nodeLinksChanged, "links");
+        nodeSignal(manager, &M::nodesChanged, "nodes");
+        nodeSignal(manager, &M::nodeInstanceNamesChanged, "names");
+        valueSignal(manager, &M::timedValuesAdded, "valuesAdded");
+        valueSignal(manager, &M::timedValuesRemoved, "valuesRemoved");
+        valueSignal(manager, &M::timedValuesChanged, "valuesChanged");
+        QObject::connect(&manager, &M::nodeChangeApplied, [this](MO_Node* node) { append("applied", node); });
+        QObject::connect(&manager, &M::selectionChanged, [this] { ++selectionChanges; });
     }
 
-    /// All deliveries, "kind: a b c" per signal, sorted by kind.
+    /// All deliveries, "kind: a b c" per signal with the names sorted, by kind.
     QStringList lines() const
     {
         QStringList result;
-        for (auto const& entry : byKind) {
-            QStringList names = entry.second;
-            names.sort();
-            result << entry.first + ": " + names.join(' ');
+        for (auto entry : byKind) {
+            entry.second.sort();
+            result << entry.first + ": " + entry.second.join(' ');
         }
         return result;
-    }
-    void reset()
-    {
-        byKind.clear();
-        selectionChanges = 0;
     }
 
     std::map<QString, QStringList> byKind;
     int selectionChanges = 0;
 
 private:
-    void append(QString const& kind, QString const& name) { byKind[kind] << name; }
+    void append(QString const& kind, MO_Node const* node)
+    {
+        byKind[kind] << (node ? node->instanceName() : QStringLiteral("<gone>"));
+    }
 
     template <class Signal> void nodeSignal(TUSceneChangeManager& manager, Signal signal, char const* kind)
     {
         QObject::connect(&manager, signal, [this, kind](TUNodeSet const& nodes) {
             for (UT_SharedWeakPtr<MO_Node> const& node : nodes)
-                append(kind, node ? node->instanceName() : QStringLiteral("<gone>"));
+                append(kind, node.get());
         });
     }
     template <class Signal> void valueSignal(TUSceneChangeManager& manager, Signal signal, char const* kind)
     {
         QObject::connect(&manager, signal, [this, kind](TUTvSet const& values) {
             for (TUTimedValue* value : values)
-                append(kind, value->name());
+                byKind[kind] << value->name();
         });
     }
 };
@@ -101,9 +99,6 @@ public:
     {
         manager.clear();
     }
-    NodeBench(NodeBench const&) = delete;
-    NodeBench& operator=(NodeBench const&) = delete;
-    virtual ~NodeBench() = default;
 
     TUGroup* root() const { return scene->getRootGroup(); }
     SC_SceneCommon* common() const { return scene->sceneCommon(); }
@@ -120,7 +115,8 @@ public:
     /// Delivers what is pending and answers what went out.
     QStringList deliver()
     {
-        log.reset();
+        log.byKind.clear();
+        log.selectionChanges = 0;
         manager.notify();
         return log.lines();
     }

@@ -17,19 +17,12 @@ class SampleNetwork : public NodeBench
 public:
     SampleNetwork()
     {
-        P = HostNodeAuthoring::addPeg(root(), "P");
-        A = HostNodeAuthoring::addElement(root(), "A", CA_DrawingKind::Kvg, P);
-        drawing = HostNodeAuthoring::addDrawing(A, "/p/A-1.kvg");
-        G = HostNodeAuthoring::addGroup(root(), "G");
-        Q = HostNodeAuthoring::addPeg(G, "Q");
+        P = Author::addPeg(root(), "P");
+        A = Author::addElement(root(), "A", CA_DrawingKind::Kvg, P);
+        drawing = Author::addDrawing(A, "/p/A-1.kvg");
+        G = Author::addGroup(root(), "G");
+        Q = Author::addPeg(G, "Q");
         manager.clear();
-    }
-
-    // A scene of another project, for edits across scenes.
-    TUGroup* foreignRoot()
-    {
-        other = HostAuthoring::createProject();
-        return other->createScene("elsewhere")->getRootGroup();
     }
 
     TUPegModule* P;
@@ -37,7 +30,6 @@ public:
     int drawing;
     TUGroup* G;
     TUPegModule* Q;
-    UT_SharedPtr<SC_Project> other;
 };
 
 class NodesAuthoringTest : public ::testing::Test, public SampleNetwork
@@ -46,141 +38,111 @@ class NodesAuthoringTest : public ::testing::Test, public SampleNetwork
 
 } // namespace
 
-TEST_F(NodesAuthoringTest, GroupMembershipAndParentLinkAreSeparate)
+TEST_F(NodesAuthoringTest, GroupMembershipAndParentLinkAreSeparateAndMovesPlaceAfterTheMove)
 {
     EXPECT_EQ(root(), A->group());
     EXPECT_EQ(P, A->getParentNode());
-    EXPECT_EQ(root(), P->group());
     EXPECT_EQ(nullptr, P->getParentNode());
-    EXPECT_EQ(G, Q->group());
     EXPECT_EQ(nullptr, root()->group());
     EXPECT_EQ(common(), Q->sceneCommon());
     EXPECT_THAT(walk(), ElementsAre("P", "A", "G", "Q"));
+
+    Author::moveNode(P, root(), 2);
+    EXPECT_THAT(walk(), ElementsAre("A", "G", "Q", "P"));
+    Author::moveNode(P, root(), 0);
+    Author::moveNode(A, root(), -1);
+    EXPECT_THAT(walk(), ElementsAre("P", "G", "Q", "A"));
+    Author::moveNode(Q, root(), 0);
+    EXPECT_THAT(walk(), ElementsAre("Q", "P", "G", "A"));
+    EXPECT_EQ(root(), Q->group());
 }
 
 TEST_F(NodesAuthoringTest, EachEditPostsItsSetsAtNotify)
 {
-    struct Case
-    {
-        const char* name;
-        std::function<bool(SampleNetwork&)> edit;
-        QStringList delivered;
-    };
-    const std::vector<Case> cases {
-        { "rename", [](SampleNetwork& t) { return HostNodeAuthoring::rename(t.A, "B"); }, { "names: B" } },
-        { "relink", [](SampleNetwork& t) { return HostNodeAuthoring::setParent(t.A, t.Q); },
-            { "links: A P Q" } },
-        { "unlink", [](SampleNetwork& t) { return HostNodeAuthoring::setParent(t.A, nullptr); },
-            { "links: A P" } },
-        { "reorder", [](SampleNetwork& t) { return HostNodeAuthoring::moveNode(t.A, t.root(), 0); },
-            { "ordering: Top" } },
-        { "move to group", [](SampleNetwork& t) { return HostNodeAuthoring::moveNode(t.A, t.G); },
+    using T = SampleNetwork;
+    const std::vector<std::tuple<const char*, std::function<bool(T&)>, QStringList>> cases {
+        { "rename", [](T& t) { return Author::rename(t.A, "B"); }, { "names: B" } },
+        { "relink", [](T& t) { return Author::setParent(t.A, t.Q); }, { "links: A P Q" } },
+        { "unlink", [](T& t) { return Author::setParent(t.A, nullptr); }, { "links: A P" } },
+        { "reorder", [](T& t) { return Author::moveNode(t.A, t.root(), 0); }, { "ordering: Top" } },
+        { "move to group", [](T& t) { return Author::moveNode(t.A, t.G); },
             { "network: A", "subNetwork: G Top" } },
-        { "remove parent", [](SampleNetwork& t) { return HostNodeAuthoring::removeNode(t.P); },
+        { "remove parent", [](T& t) { return Author::removeNode(t.P); },
             { "links: A", "network: <gone>", "subNetwork: Top" } },
-        { "remove element", [](SampleNetwork& t) { return HostNodeAuthoring::removeNode(t.A); },
+        { "remove element", [](T& t) { return Author::removeNode(t.A); },
             { "network: <gone>", "subNetwork: Top", "valuesRemoved: A" } },
-        { "lock", [](SampleNetwork& t) { return HostNodeAuthoring::setLocked(t.A, true); },
-            { "applied: A", "nodes: A" } },
-        { "disable", [](SampleNetwork& t) { return HostNodeAuthoring::setEnabled(t.Q, false); },
-            { "applied: Q", "nodes: Q" } },
-        { "opacity", [](SampleNetwork& t) { return HostNodeAuthoring::setOpacity(t.A, 50.0); },
-            { "applied: A", "nodes: A" } },
-        { "alignment",
-            [](SampleNetwork& t) {
-                return HostNodeAuthoring::setCameraAlignment(t.P, CameraAlignment_PinToCamera);
-            },
+        { "lock", [](T& t) { return Author::setLocked(t.A, true); }, { "applied: A", "nodes: A" } },
+        { "disable", [](T& t) { return Author::setEnabled(t.Q, false); }, { "applied: Q", "nodes: Q" } },
+        { "opacity", [](T& t) { return Author::setOpacity(t.A, 50.0); }, { "applied: A", "nodes: A" } },
+        { "alignment", [](T& t) { return Author::setCameraAlignment(t.P, CameraAlignment_PinToCamera); },
             { "applied: P", "nodes: P" } },
-        { "add drawing",
-            [](SampleNetwork& t) { return HostNodeAuthoring::addDrawing(t.A, "/p/A-2.kvg") == 2; },
+        { "add drawing", [](T& t) { return Author::addDrawing(t.A, "/p/A-2.kvg") == 2; },
             { "valuesChanged: A" } },
-        { "expose", [](SampleNetwork& t) { return HostNodeAuthoring::setExposure(t.A, 1, 5, t.drawing); },
-            { "valuesChanged: A" } },
-        { "add linked peg",
-            [](SampleNetwork& t) { return HostNodeAuthoring::addPeg(t.G, "R", t.P) != nullptr; },
+        { "expose", [](T& t) { return Author::setExposure(t.A, 1, 5, t.drawing); }, { "valuesChanged: A" } },
+        { "add linked peg", [](T& t) { return Author::addPeg(t.G, "R", t.P) != nullptr; },
             { "links: P R", "network: R", "subNetwork: G" } },
         { "add element",
-            [](SampleNetwork& t) {
-                return HostNodeAuthoring::addElement(t.root(), "E", CA_DrawingKind::Bitmap) != nullptr;
-            },
+            [](T& t) { return Author::addElement(t.root(), "E", CA_DrawingKind::Bitmap) != nullptr; },
             { "links: E", "network: E", "subNetwork: Top", "valuesAdded: E" } },
         // Edits that change nothing are accepted and post nothing.
-        { "same name", [](SampleNetwork& t) { return HostNodeAuthoring::rename(t.A, "A"); }, {} },
-        { "same parent", [](SampleNetwork& t) { return HostNodeAuthoring::setParent(t.A, t.P); }, {} },
-        { "same place", [](SampleNetwork& t) { return HostNodeAuthoring::moveNode(t.A, t.root(), 1); }, {} },
-        { "same lock", [](SampleNetwork& t) { return HostNodeAuthoring::setLocked(t.A, false); }, {} },
-        { "same opacity", [](SampleNetwork& t) { return HostNodeAuthoring::setOpacity(t.A, 100.0); }, {} },
+        { "same name", [](T& t) { return Author::rename(t.A, "A"); }, {} },
+        { "same parent", [](T& t) { return Author::setParent(t.A, t.P); }, {} },
+        { "same place", [](T& t) { return Author::moveNode(t.A, t.root(), 1); }, {} },
+        { "same lock", [](T& t) { return Author::setLocked(t.A, false); }, {} },
+        { "same opacity", [](T& t) { return Author::setOpacity(t.A, 100.0); }, {} },
     };
-    for (Case const& c : cases) {
+    for (auto const& c : cases) {
         SampleNetwork bench;
-        ASSERT_TRUE(c.edit(bench)) << c.name;
-        EXPECT_THAT(bench.log.lines(), IsEmpty()) << c.name << ": delivered before notify";
-        EXPECT_EQ(c.delivered, bench.deliver()) << c.name;
+        ASSERT_TRUE(std::get<1>(c)(bench)) << std::get<0>(c);
+        EXPECT_THAT(bench.log.lines(), IsEmpty()) << std::get<0>(c) << ": delivered before notify";
+        EXPECT_EQ(std::get<2>(c), bench.deliver()) << std::get<0>(c);
     }
 }
 
 TEST_F(NodesAuthoringTest, RefusedEditsChangeAndPostNothing)
 {
-    TUGroup* foreign = foreignRoot();
-    TUPegModule* stranger = HostNodeAuthoring::addPeg(foreign, "S");
-    struct Case
-    {
-        const char* name;
-        std::function<bool()> edit;
-    };
-    const std::vector<Case> cases {
-        { "parent cycle", [&] { return HostNodeAuthoring::setParent(P, A); } },
-        { "own parent", [&] { return HostNodeAuthoring::setParent(A, A); } },
-        { "root as parent", [&] { return HostNodeAuthoring::setParent(A, root()); } },
-        { "parent elsewhere", [&] { return HostNodeAuthoring::setParent(A, stranger); } },
-        { "group into itself", [&] { return HostNodeAuthoring::moveNode(G, G); } },
-        { "move root", [&] { return HostNodeAuthoring::moveNode(root(), G); } },
-        { "move elsewhere", [&] { return HostNodeAuthoring::moveNode(A, foreign); } },
-        { "remove root", [&] { return HostNodeAuthoring::removeNode(root()); } },
-        { "remove null", [&] { return HostNodeAuthoring::removeNode(nullptr); } },
-        { "unknown drawing", [&] { return HostNodeAuthoring::setExposure(A, 1, 2, drawing + 1); } },
-        { "frame 0", [&] { return HostNodeAuthoring::setExposure(A, 0, 2, drawing); } },
-        { "reversed range", [&] { return HostNodeAuthoring::clearExposure(A, 3, 2); } },
-        { "empty file", [&] { return HostNodeAuthoring::addDrawing(A, QString()) > 0; } },
-        { "opacity above 100", [&] { return HostNodeAuthoring::setOpacity(A, 100.5); } },
-        { "opacity NaN", [&] { return HostNodeAuthoring::setOpacity(A, std::nan("")); } },
-        { "peg linked elsewhere",
-            [&] { return HostNodeAuthoring::addPeg(root(), "X", stranger) != nullptr; } },
-        { "unknown class", [&] { return HostNodeAuthoring::addNode(root(), "MO_Node", "X") != nullptr; } },
-        { "null group", [&] { return HostNodeAuthoring::addGroup(nullptr, "X") != nullptr; } },
+    const UT_SharedPtr<SC_Project> other = HostAuthoring::createProject();
+    TUGroup* foreign = other->createScene("elsewhere")->getRootGroup();
+    TUPegModule* stranger = Author::addPeg(foreign, "S");
+    const std::vector<std::pair<const char*, std::function<bool()>>> cases {
+        { "parent cycle", [&] { return Author::setParent(P, A); } },
+        { "own parent", [&] { return Author::setParent(A, A); } },
+        { "root as parent", [&] { return Author::setParent(A, root()); } },
+        { "parent elsewhere", [&] { return Author::setParent(A, stranger); } },
+        { "group into itself", [&] { return Author::moveNode(G, G); } },
+        { "move root", [&] { return Author::moveNode(root(), G); } },
+        { "move elsewhere", [&] { return Author::moveNode(A, foreign); } },
+        { "remove root", [&] { return Author::removeNode(root()); } },
+        { "remove null", [&] { return Author::removeNode(nullptr); } },
+        { "unknown drawing", [&] { return Author::setExposure(A, 1, 2, drawing + 1); } },
+        { "frame 0", [&] { return Author::setExposure(A, 0, 2, drawing); } },
+        { "reversed range", [&] { return Author::clearExposure(A, 3, 2); } },
+        { "empty file", [&] { return Author::addDrawing(A, QString()) > 0; } },
+        { "opacity above 100", [&] { return Author::setOpacity(A, 100.5); } },
+        { "opacity NaN", [&] { return Author::setOpacity(A, std::nan("")); } },
+        { "peg linked elsewhere", [&] { return Author::addPeg(root(), "X", stranger) != nullptr; } },
+        { "unknown class", [&] { return Author::addNode(root(), "MO_Node", "X") != nullptr; } },
+        { "null group", [&] { return Author::addGroup(nullptr, "X") != nullptr; } },
     };
     const QStringList before = walk();
     manager.clear();
-    for (Case const& c : cases) {
-        EXPECT_FALSE(c.edit()) << c.name;
-        EXPECT_EQ(before, walk()) << c.name;
-        EXPECT_EQ(P, A->getParentNode()) << c.name;
-        EXPECT_THAT(deliver(), IsEmpty()) << c.name;
+    for (auto const& c : cases) {
+        EXPECT_FALSE(c.second()) << c.first;
+        EXPECT_EQ(before, walk()) << c.first;
+        EXPECT_EQ(P, A->getParentNode()) << c.first;
+        EXPECT_THAT(deliver(), IsEmpty()) << c.first;
     }
-}
-
-TEST_F(NodesAuthoringTest, MoveIndexIsThePlaceAfterTheMove)
-{
-    HostNodeAuthoring::moveNode(P, root(), 2);
-    EXPECT_THAT(walk(), ElementsAre("A", "G", "Q", "P"));
-    HostNodeAuthoring::moveNode(P, root(), 0);
-    EXPECT_THAT(walk(), ElementsAre("P", "A", "G", "Q"));
-    HostNodeAuthoring::moveNode(A, root(), -1);
-    EXPECT_THAT(walk(), ElementsAre("P", "G", "Q", "A"));
-    HostNodeAuthoring::moveNode(Q, root(), 0);
-    EXPECT_THAT(walk(), ElementsAre("Q", "P", "G", "A"));
-    EXPECT_EQ(root(), Q->group());
 }
 
 TEST_F(NodesAuthoringTest, RemovingAGroupTakesItsNodesAndColumnsAndFreesLinksIntoIt)
 {
-    MO_ElementModule* inner = HostNodeAuthoring::addElement(G, "inner", CA_DrawingKind::Bitmap);
+    MO_ElementModule* inner = Author::addElement(G, "inner", CA_DrawingKind::Bitmap);
     TUElementTimedValue* column = inner->drawingAttr()->timedValue();
-    HostNodeAuthoring::setParent(A, Q);
+    Author::setParent(A, Q);
     UT_SharedWeakPtr<MO_Node> watchQ(Q);
     const size_t values = scene->timedValues().size();
 
-    ASSERT_TRUE(HostNodeAuthoring::removeNode(G));
+    ASSERT_TRUE(Author::removeNode(G));
 
     EXPECT_THAT(walk(), ElementsAre("P", "A"));
     EXPECT_TRUE(watchQ.isNull());
@@ -190,7 +152,7 @@ TEST_F(NodesAuthoringTest, RemovingAGroupTakesItsNodesAndColumnsAndFreesLinksInt
         std::find(scene->timedValues().begin(), scene->timedValues().end(), column));
 }
 
-TEST_F(NodesAuthoringTest, ElementsComeWithAColumnLinkedToThemAndFullOpacity)
+TEST_F(NodesAuthoringTest, ElementsComeWithAColumnLinkedToThemUnlessMadeBare)
 {
     TUElementTimedValue* column = A->drawingAttr()->timedValue();
     ASSERT_NE(nullptr, column);
@@ -198,16 +160,11 @@ TEST_F(NodesAuthoringTest, ElementsComeWithAColumnLinkedToThemAndFullOpacity)
     EXPECT_EQ(TUTimedValue::eExposureType, column->typeCode());
     EXPECT_EQ(common(), column->sceneCommon);
     EXPECT_EQ(column->elementId(), A->drawingAttr()->getElementId());
-    ASSERT_NE(nullptr, A->opacityAttr());
     EXPECT_EQ(100.0, A->opacityAttr()->localValue());
-    EXPECT_EQ(1, A->enabled());
-    EXPECT_FALSE(A->lock());
-    EXPECT_EQ(CameraAlignment_None, A->cameraAlignment());
 
-    auto* bare
-        = dynamic_cast<MO_ElementModule*>(HostNodeAuthoring::addNode(root(), "MO_ElementModule", "bare"));
+    auto* bare = dynamic_cast<MO_ElementModule*>(Author::addNode(root(), "MO_ElementModule", "bare"));
     ASSERT_NE(nullptr, bare);
     EXPECT_EQ(nullptr, bare->drawingAttr());
     EXPECT_EQ(nullptr, bare->opacityAttr());
-    EXPECT_EQ(-1, HostNodeAuthoring::addDrawing(bare, "/p/x.kvg"));
+    EXPECT_EQ(-1, Author::addDrawing(bare, "/p/x.kvg"));
 }

@@ -27,9 +27,9 @@ class NodesDrawingTest : public NodesTest
 protected:
     NodesDrawingTest()
     {
-        element = HostNodeAuthoring::addElement(root(), "A", CA_DrawingKind::Kvg);
-        first = HostNodeAuthoring::addDrawing(element, "/p/A-1.kvg");
-        second = HostNodeAuthoring::addDrawing(element, "/p/A-2.kvg");
+        element = Author::addElement(root(), "A", CA_DrawingKind::Kvg);
+        first = Author::addDrawing(element, "/p/A-1.kvg");
+        second = Author::addDrawing(element, "/p/A-2.kvg");
         column = element->drawingAttr()->timedValue();
     }
 
@@ -51,9 +51,9 @@ protected:
 
 TEST_F(NodesDrawingTest, KeysAtFramesFollowTheExposures)
 {
-    HostNodeAuthoring::setExposure(element, 1, 3, first);
-    HostNodeAuthoring::setExposure(element, 4, 6, second);
-    HostNodeAuthoring::clearExposure(element, 5, 5);
+    Author::setExposure(element, 1, 3, first);
+    Author::setExposure(element, 4, 6, second);
+    Author::clearExposure(element, 5, 5);
     struct Case
     {
         double frame;
@@ -75,18 +75,18 @@ TEST_F(NodesDrawingTest, KeysAtFramesFollowTheExposures)
 
 TEST_F(NodesDrawingTest, NewExposuresCutTheRunsTheyCover)
 {
-    HostNodeAuthoring::setExposure(element, 1, 10, first);
-    HostNodeAuthoring::setExposure(element, 4, 6, second);
+    Author::setExposure(element, 1, 10, first);
+    Author::setExposure(element, 4, 6, second);
     EXPECT_EQ("1-3:1 4-6:2 7-10:1", exposed());
-    HostNodeAuthoring::setExposure(element, 2, 8, first);
+    Author::setExposure(element, 2, 8, first);
     EXPECT_EQ("1-1:1 2-8:1 9-10:1", exposed());
-    HostNodeAuthoring::clearExposure(element, 1, 9);
+    Author::clearExposure(element, 1, 9);
     EXPECT_EQ("10-10:1", exposed());
 }
 
 TEST_F(NodesDrawingTest, ContainsDrawingNeedsTheElementAndAnExposure)
 {
-    HostNodeAuthoring::setExposure(element, 3, 4, second);
+    Author::setExposure(element, 3, 4, second);
     const int id = column->elementId();
     EXPECT_TRUE(column->containsDrawing(id, second));
     EXPECT_FALSE(column->containsDrawing(id, first)) << "a drawing that is never exposed";
@@ -96,16 +96,16 @@ TEST_F(NodesDrawingTest, ContainsDrawingNeedsTheElementAndAnExposure)
 
 TEST_F(NodesDrawingTest, ElementIdsAreNewForEachColumnAndStayAboveReservedOnes)
 {
-    MO_ElementModule* next = HostNodeAuthoring::addElement(root(), "B", CA_DrawingKind::Bitmap);
-    EXPECT_GT(next->drawingAttr()->getElementId(), element->drawingAttr()->getElementId());
-    TUElementTimedValue::reserveElementId(next->drawingAttr()->getElementId() + 100);
-    MO_ElementModule* later = HostNodeAuthoring::addElement(root(), "C", CA_DrawingKind::Bitmap);
-    EXPECT_GT(later->drawingAttr()->getElementId(), next->drawingAttr()->getElementId() + 100);
+    const int next = Author::addElement(root(), "B", CA_DrawingKind::Bitmap)->drawingAttr()->getElementId();
+    EXPECT_GT(next, column->elementId());
+    TUElementTimedValue::reserveElementId(next + 100);
+    EXPECT_GT(
+        Author::addElement(root(), "C", CA_DrawingKind::Bitmap)->drawingAttr()->getElementId(), next + 100);
 }
 
 TEST_F(NodesDrawingTest, TheDrawingAttributeReadsNothingOnceItsColumnIsGone)
 {
-    HostNodeAuthoring::setExposure(element, 1, 1, first);
+    Author::setExposure(element, 1, 1, first);
     ASSERT_TRUE(scene->removeTimedValue(column));
     manager.notify();
     EXPECT_EQ(nullptr, element->drawingAttr()->timedValue());
@@ -113,29 +113,38 @@ TEST_F(NodesDrawingTest, TheDrawingAttributeReadsNothingOnceItsColumnIsGone)
     EXPECT_FALSE(element->drawingAttr()->key(1.0).isValid());
 }
 
-TEST(NodesCelKeyTest, KindsComeFromTheElementOrTheFileExtension)
+// Kinds come from the element or, for a path, from the file extension; the manager
+// reads the element and drawing ids only from element keys.
+TEST(NodesCelKeyTest, KindsAndManagerReadsOfEachKeyClass)
 {
     struct Case
     {
         CA_CelKey key;
         bool kvg, bitmap, model;
+        int id, drawing;
+        const char* file;
     };
     const Case cases[] = {
-        { elementKey(1, 1, "x.png", CA_DrawingKind::Kvg), true, false, false },
-        { elementKey(1, 1, "x", CA_DrawingKind::Bitmap), false, true, false },
-        { elementKey(1, 1, "x", CA_DrawingKind::Model3d), false, false, true },
-        { elementKey(1, 1, "x.kvg", CA_DrawingKind::Other), false, false, false },
-        { pathKey("/p/a.kvg"), true, false, false },
-        { pathKey("/p/a.PNG"), false, true, false },
-        { pathKey("/p/a.obj"), false, false, true },
-        { pathKey("/p/a.txt"), false, false, false },
-        { CA_CelKey(), false, false, false },
-        { elementKey(-1, 1, "a.kvg"), false, false, false },
+        { elementKey(1, 2, "x.png", CA_DrawingKind::Kvg), true, false, false, 1, 2, "x.png" },
+        { elementKey(7, 3, "x", CA_DrawingKind::Bitmap), false, true, false, 7, 3, "x" },
+        { elementKey(1, 1, "x", CA_DrawingKind::Model3d), false, false, true, 1, 1, "x" },
+        { elementKey(1, 1, "x.kvg", CA_DrawingKind::Other), false, false, false, 1, 1, "x.kvg" },
+        { pathKey("/p/a.kvg"), true, false, false, -1, -1, "/p/a.kvg" },
+        { pathKey("/p/a.PNG"), false, true, false, -1, -1, "/p/a.PNG" },
+        { pathKey("/p/a.obj"), false, false, true, -1, -1, "/p/a.obj" },
+        { pathKey("/p/a.txt"), false, false, false, -1, -1, "/p/a.txt" },
+        { CA_CelKey(), false, false, false, -1, -1, nullptr },
+        { elementKey(-1, 1, "a.kvg"), false, false, false, -1, -1, nullptr },
     };
     for (Case const& c : cases) {
-        EXPECT_EQ(c.kvg, c.key.isKvg()) << c.key.toString().toStdString();
-        EXPECT_EQ(c.bitmap, c.key.isBitmap()) << c.key.toString().toStdString();
-        EXPECT_EQ(c.model, c.key.is3d()) << c.key.toString().toStdString();
+        const std::string name = c.key.toString().toStdString();
+        EXPECT_EQ(c.kvg, c.key.isKvg()) << name;
+        EXPECT_EQ(c.bitmap, c.key.isBitmap()) << name;
+        EXPECT_EQ(c.model, c.key.is3d()) << name;
+        EXPECT_EQ(c.id, CA_CelKeyMgr::id(c.key)) << name;
+        EXPECT_EQ(c.drawing, CA_CelKeyMgr::drawingId(c.key)) << name;
+        EXPECT_EQ(QString(c.file), CA_CelKeyMgr::loadFilename(c.key)) << name;
+        EXPECT_EQ(c.file == nullptr, CA_CelKeyMgr::loadFilename(c.key).isNull()) << name;
     }
 }
 
@@ -178,18 +187,6 @@ TEST(NodesCelKeyTest, EquivalenceMeansOneDrawingAcrossKeyClasses)
     for (Case const& c : cases)
         EXPECT_EQ(c.equivalent, c.a.isEquivalent(c.b))
             << c.a.toString().toStdString() << " " << c.b.toString().toStdString();
-}
-
-TEST(NodesCelKeyTest, TheManagerReadsAnyKey)
-{
-    EXPECT_EQ(7, CA_CelKeyMgr::id(elementKey(7, 3, "/p/e.kvg")));
-    EXPECT_EQ(3, CA_CelKeyMgr::drawingId(elementKey(7, 3, "/p/e.kvg")));
-    EXPECT_EQ("/p/e.kvg", CA_CelKeyMgr::loadFilename(elementKey(7, 3, "/p/e.kvg")));
-    EXPECT_EQ(-1, CA_CelKeyMgr::id(pathKey("/p/i.png")));
-    EXPECT_EQ(-1, CA_CelKeyMgr::drawingId(pathKey("/p/i.png")));
-    EXPECT_EQ("/p/i.png", CA_CelKeyMgr::loadFilename(pathKey("/p/i.png")));
-    EXPECT_EQ(-1, CA_CelKeyMgr::id(CA_CelKey()));
-    EXPECT_TRUE(CA_CelKeyMgr::loadFilename(CA_CelKey()).isNull());
 }
 
 TEST(NodesCelCacheTest, ReportsGoOutAtOnceAndTellTheFirstModification)

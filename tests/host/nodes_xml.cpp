@@ -28,8 +28,8 @@ bool readNetwork(QString const& document, SC_SceneCommon& scene, QString* error)
     return HostNodeXml::read(reader, scene, error);
 }
 
-// Each node as "name<parent" with its attributes, in walk order: what a reader must
-// give back besides the text.
+// Each node as "type:name<parent" with its attributes, in walk order: what a reader
+// must give back besides the text.
 class NodeDescriber : public MO_ModuleVisitor
 {
 public:
@@ -40,13 +40,10 @@ public:
         MO_ModuleVisitor::visit(group);
     }
     void visit(MO_Module& module) override { describe(module, QString()); }
-    void visit(MO_AnimatedModule& module) override
-    {
-        describe(module, QStringLiteral(" align=%1").arg(module.cameraAlignment()));
-    }
+    void visit(MO_AnimatedModule& module) override { describe(module, aligned(module)); }
     void visit(MO_ElementModule& element) override
     {
-        QString extra = QStringLiteral(" align=%1").arg(element.cameraAlignment());
+        QString extra = aligned(element);
         if (element.opacityAttr())
             extra += QStringLiteral(" opacity=%1").arg(element.opacityAttr()->localValue());
         if (AT_DrawingAttr const* attr = element.drawingAttr()) {
@@ -60,6 +57,10 @@ public:
     QStringList lines;
 
 private:
+    static QString aligned(MO_AnimatedModule const& module)
+    {
+        return QStringLiteral(" align=%1").arg(module.cameraAlignment());
+    }
     void describe(MO_Node const& node, QString const& extra)
     {
         MO_Node const* parent = node.getParentNode();
@@ -78,67 +79,71 @@ QStringList describe(TUGroup* root)
     return describer.lines;
 }
 
+// Markup of a node of `type` with id 2 and name "a", holding `body`.
+QString node(QString const& type, QString const& attributes = QString(), QString const& body = QString())
+{
+    const QString open = QStringLiteral("<node type=\"%1\" id=\"2\" name=\"a\"%2").arg(type, attributes);
+    return body.isEmpty() ? open + "/>" : open + '>' + body + "</node>";
+}
+
+QString peg(QString const& attributes = QString(), QString const& body = QString())
+{
+    return node("TUPegModule", attributes, body);
+}
+
+// An element node holding a kvg column with id 5 that holds `body`.
+QString column(QString const& body)
+{
+    return node("MO_ElementModule", QString(), "<element id=\"5\" kind=\"kvg\">" + body + "</element>");
+}
+
 class NodesXmlTest : public NodesTest
 {
 protected:
     // A network with every feature the form stores.
-    void buildRichNetwork()
+    static void buildRichNetwork(TUGroup* root)
     {
-        TUPegModule* peg = HostNodeAuthoring::addPeg(root(), "Peg");
-        HostNodeAuthoring::setCameraAlignment(peg, CameraAlignment_FaceCamera);
-        MO_ElementModule* a = HostNodeAuthoring::addElement(root(), "A & <B>", CA_DrawingKind::Kvg, peg);
-        const int one = HostNodeAuthoring::addDrawing(a, "/p/elements/A-1.kvg");
-        const int two = HostNodeAuthoring::addDrawing(a, "/p/elements/\"A\"-2.kvg");
-        HostNodeAuthoring::setExposure(a, 1, 4, one);
-        HostNodeAuthoring::setExposure(a, 5, 8, two);
-        HostNodeAuthoring::setOpacity(a, 100.0 / 3.0);
-        HostNodeAuthoring::setLocked(a, true);
-        TUGroup* group = HostNodeAuthoring::addGroup(root(), "G");
-        TUGroup* inner = HostNodeAuthoring::addGroup(group, "Inner");
-        MO_ElementModule* bg = HostNodeAuthoring::addElement(inner, "BG", CA_DrawingKind::Bitmap);
-        HostNodeAuthoring::setExposure(bg, 2, 9, HostNodeAuthoring::addDrawing(bg, "/p/bg.png"));
-        HostNodeAuthoring::setEnabled(bg, false);
+        TUPegModule* peg = Author::addPeg(root, "Peg");
+        Author::setCameraAlignment(peg, CameraAlignment_FaceCamera);
+        MO_ElementModule* a = Author::addElement(root, "A & <B>", CA_DrawingKind::Kvg, peg);
+        const int one = Author::addDrawing(a, "/p/elements/A-1.kvg");
+        const int two = Author::addDrawing(a, "/p/elements/\"A\"-2.kvg");
+        Author::setExposure(a, 1, 4, one);
+        Author::setExposure(a, 5, 8, two);
+        Author::setOpacity(a, 100.0 / 3.0);
+        Author::setLocked(a, true);
+        TUGroup* group = Author::addGroup(root, "G");
+        TUGroup* inner = Author::addGroup(group, "Inner");
+        MO_ElementModule* bg = Author::addElement(inner, "BG", CA_DrawingKind::Bitmap);
+        Author::setExposure(bg, 2, 9, Author::addDrawing(bg, "/p/bg.png"));
+        Author::setEnabled(bg, false);
         // Linked across groups, to a node written after it.
-        HostNodeAuthoring::addNode(root(), "TUCompositeModule", "Comp", 0);
-        HostNodeAuthoring::setParent(root()->subNodeAt(0), bg);
-        HostNodeAuthoring::addNode(group, "MO_ElementModule", "Bare");
+        Author::addNode(root, "TUCompositeModule", "Comp", 0);
+        Author::setParent(root->subNodeAt(0), bg);
+        Author::addNode(group, "MO_ElementModule", "Bare");
     }
 };
 
 } // namespace
 
-TEST_F(NodesXmlTest, ARoundTripGivesBackTheSameNetwork)
+TEST_F(NodesXmlTest, ARoundTripGivesBackTheSameNetworkAndPostsNoNetworkEdits)
 {
-    buildRichNetwork();
-    const QString written = networkXml(*common());
-
-    NodeBench copy;
-    QString error;
-    ASSERT_TRUE(readNetwork(written, *copy.common(), &error)) << error.toStdString();
-    EXPECT_EQ(written, networkXml(*copy.common()));
-    EXPECT_EQ(describe(root()), describe(copy.root()));
-    EXPECT_EQ(scene->timedValues().size(), copy.scene->timedValues().size());
-}
-
-TEST_F(NodesXmlTest, ReadingPostsNoNetworkEdits)
-{
-    buildRichNetwork();
-    const QString written = networkXml(*common());
-    NodeBench copy;
-    ASSERT_TRUE(readNetwork(written, *copy.common(), nullptr));
-    const QStringList delivered = copy.deliver();
-    for (QString const& line : delivered) {
-        EXPECT_FALSE(line.startsWith("network") || line.startsWith("subNetwork") || line.startsWith("nodes"))
-            << line.toStdString();
+    for (bool rich : { false, true }) {
+        NodeBench original;
+        if (rich)
+            buildRichNetwork(original.root());
+        const QString written = networkXml(*original.common());
+        NodeBench copy;
+        QString error;
+        ASSERT_TRUE(readNetwork(written, *copy.common(), &error)) << error.toStdString();
+        EXPECT_EQ(written, networkXml(*copy.common()));
+        EXPECT_EQ(describe(original.root()), describe(copy.root()));
+        EXPECT_EQ(original.scene->timedValues().size(), copy.scene->timedValues().size());
+        for (QString const& line : copy.deliver())
+            EXPECT_FALSE(
+                line.startsWith("network") || line.startsWith("subNetwork") || line.startsWith("nodes"))
+                << line.toStdString();
     }
-}
-
-TEST_F(NodesXmlTest, AnEmptySceneWritesAnEmptyElement)
-{
-    QString error;
-    NodeBench copy;
-    ASSERT_TRUE(readNetwork(networkXml(*common()), *copy.common(), &error));
-    EXPECT_EQ(0, copy.root()->subNodeCount());
 }
 
 TEST_F(NodesXmlTest, BadInputIsRefusedWholeWithItsPlace)
@@ -146,78 +151,51 @@ TEST_F(NodesXmlTest, BadInputIsRefusedWholeWithItsPlace)
     struct Case
     {
         const char* what;
-        const char* body;
+        QString body;
         const char* message;
     };
     const char* good = "<node type=\"TUPegModule\" id=\"1\" name=\"ok\"/>\n";
+    const QString el = "MO_ElementModule";
+    const QString drawing = "<drawing id=\"1\" file=\"a\"/>";
     const Case cases[] = {
-        { "not well formed", "<node type=\"TUPegModule\" id=\"2\" name=\"a\">\n</nodes>", "" },
-        { "unknown type", "<node type=\"MO_Node\" id=\"2\" name=\"a\"/>", "unknown node type" },
+        { "not well formed", peg({}, "\n</nodes>"), "" },
+        { "unknown type", node("MO_Node"), "unknown node type" },
         { "no id", "<node type=\"TUPegModule\" name=\"a\"/>", "lacks the attribute \"id\"" },
         { "id twice", "<node type=\"TUPegModule\" id=\"1\" name=\"a\"/>", "node id 1 is used twice" },
         { "id zero", "<node type=\"TUPegModule\" id=\"0\" name=\"a\"/>", "bad value \"0\"" },
         { "no name", "<node type=\"TUPegModule\" id=\"2\"/>", "lacks the attribute \"name\"" },
-        { "unknown parent", "<node type=\"TUPegModule\" id=\"2\" name=\"a\" parent=\"9\"/>",
-            "linked to unknown node 9" },
-        { "cycle",
-            "<node type=\"TUPegModule\" id=\"2\" name=\"a\" parent=\"3\"/>"
-            "<node type=\"TUPegModule\" id=\"3\" name=\"b\" parent=\"2\"/>",
+        { "unknown parent", peg(" parent=\"9\""), "linked to unknown node 9" },
+        { "cycle", peg(" parent=\"3\"") + "<node type=\"TUPegModule\" id=\"3\" name=\"b\" parent=\"2\"/>",
             "make a cycle" },
-        { "own parent", "<node type=\"TUPegModule\" id=\"2\" name=\"a\" parent=\"2\"/>", "make a cycle" },
-        { "child of a peg",
-            "<node type=\"TUPegModule\" id=\"2\" name=\"a\"><node type=\"TUPegModule\" id=\"3\" "
-            "name=\"b\"/></node>",
+        { "own parent", peg(" parent=\"2\""), "make a cycle" },
+        { "child of a peg", peg({}, "<node type=\"TUPegModule\" id=\"3\" name=\"b\"/>"),
             "unexpected element <node> in a node of type TUPegModule" },
-        { "column on a peg",
-            "<node type=\"TUPegModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"kvg\"/></node>",
+        { "column on a peg", peg({}, "<element id=\"5\" kind=\"kvg\"/>"), "unexpected element <element>" },
+        { "two columns", node(el, {}, "<element id=\"5\" kind=\"kvg\"/><element id=\"6\" kind=\"kvg\"/>"),
             "unexpected element <element>" },
-        { "two columns",
-            "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"kvg\"/>"
-            "<element id=\"6\" kind=\"kvg\"/></node>",
-            "unexpected element <element>" },
-        { "unknown kind",
-            "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"svg\"/></node>",
-            "unknown drawing kind \"svg\"" },
-        { "drawing without file",
-            "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"kvg\">"
-            "<drawing id=\"1\" file=\"\"/></element></node>",
-            "drawing 1 has no file" },
-        { "drawing twice",
-            "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"kvg\">"
-            "<drawing id=\"1\" file=\"a\"/><drawing id=\"1\" file=\"b\"/></element></node>",
-            "drawing id 1 is used twice" },
-        { "exposure of unknown drawing",
-            "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"kvg\">"
-            "<exposure first=\"1\" last=\"2\" drawing=\"1\"/></element></node>",
+        { "unknown kind", node(el, {}, "<element id=\"5\" kind=\"svg\"/>"), "unknown drawing kind \"svg\"" },
+        { "drawing without file", column("<drawing id=\"1\" file=\"\"/>"), "drawing 1 has no file" },
+        { "drawing twice", column(drawing + "<drawing id=\"1\" file=\"b\"/>"), "drawing id 1 is used twice" },
+        { "exposure of unknown drawing", column("<exposure first=\"1\" last=\"2\" drawing=\"1\"/>"),
             "exposure of unknown drawing 1" },
         { "overlapping exposures",
-            "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"kvg\">"
-            "<drawing id=\"1\" file=\"a\"/><exposure first=\"3\" last=\"6\" drawing=\"1\"/>"
-            "<exposure first=\"1\" last=\"3\" drawing=\"1\"/></element></node>",
+            column(drawing + "<exposure first=\"3\" last=\"6\" drawing=\"1\"/>"
+                + "<exposure first=\"1\" last=\"3\" drawing=\"1\"/>"),
             "overlaps another" },
-        { "reversed exposure",
-            "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"kvg\">"
-            "<drawing id=\"1\" file=\"a\"/><exposure first=\"3\" last=\"2\" drawing=\"1\"/></element></node>",
+        { "reversed exposure", column(drawing + "<exposure first=\"3\" last=\"2\" drawing=\"1\"/>"),
             "bad value \"2\"" },
-        { "element id twice",
-            "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\"><element id=\"5\" kind=\"kvg\"/></node>"
-            "<node type=\"MO_ElementModule\" id=\"3\" name=\"b\"><element id=\"5\" kind=\"kvg\"/></node>",
+        { "element id twice", column({}) + column({}).replace("id=\"2\" name=\"a\"", "id=\"3\" name=\"b\""),
             "element id 5 is used twice" },
-        { "bad bool", "<node type=\"TUPegModule\" id=\"2\" name=\"a\" locked=\"yes\"/>",
-            "bad value \"yes\"" },
-        { "enabled out of range", "<node type=\"TUPegModule\" id=\"2\" name=\"a\" enabled=\"256\"/>",
-            "bad value \"256\"" },
-        { "alignment out of range", "<node type=\"TUPegModule\" id=\"2\" name=\"a\" cameraAlignment=\"9\"/>",
-            "bad value \"9\"" },
-        { "opacity out of range", "<node type=\"MO_ElementModule\" id=\"2\" name=\"a\" opacity=\"150\"/>",
-            "bad opacity" },
-        { "opacity on a peg", "<node type=\"TUPegModule\" id=\"2\" name=\"a\" opacity=\"50\"/>",
-            "bad opacity" },
+        { "bad bool", peg(" locked=\"yes\""), "bad value \"yes\"" },
+        { "enabled out of range", peg(" enabled=\"256\""), "bad value \"256\"" },
+        { "alignment out of range", peg(" cameraAlignment=\"9\""), "bad value \"9\"" },
+        { "opacity out of range", node(el, " opacity=\"150\""), "bad opacity" },
+        { "opacity on a peg", peg(" opacity=\"50\""), "bad opacity" },
         { "unknown element", "<layer/>", "unexpected element <layer>" },
     };
     for (Case const& c : cases) {
         NodeBench bench;
-        HostNodeAuthoring::addPeg(bench.root(), "before");
+        Author::addPeg(bench.root(), "before");
         const size_t values = bench.scene->timedValues().size();
         bench.manager.clear();
         const QString document = QStringLiteral("<nodes>\n%1%2\n</nodes>").arg(good, c.body);
@@ -250,7 +228,7 @@ TEST_F(NodesXmlTest, TheMessageNamesTheLineAndColumnOfTheFault)
 
 TEST_F(NodesXmlTest, ReadNodesJoinTheRootGroupAfterWhatIsThere)
 {
-    HostNodeAuthoring::addPeg(root(), "first");
+    Author::addPeg(root(), "first");
     QString error;
     ASSERT_TRUE(readNetwork("<nodes><node type=\"TUGroup\" id=\"1\" name=\"G\">"
                             "<node type=\"TUPegModule\" id=\"2\" name=\"p\"/></node></nodes>",
@@ -261,7 +239,7 @@ TEST_F(NodesXmlTest, ReadNodesJoinTheRootGroupAfterWhatIsThere)
 
 TEST_F(NodesXmlTest, TheProjectFileKeepsTheNetworksOfItsScenes)
 {
-    buildRichNetwork();
+    buildRichNetwork(root());
     QString error;
     const UT_SharedPtr<SC_Project> loaded
         = HostProjectFile::fromXml(HostProjectFile::toXml(project.get()), &error);
