@@ -8,27 +8,16 @@
 #include <QTranslator>
 
 #include <cmath>
-#include <set>
 #include <sstream>
 
 namespace {
 
-TEST(BaseId, DefaultIsZeroAndComparesByValue)
+TEST(BaseId, ComparesHashesAndPrintsWholeSixtyFourBits)
 {
-    EXPECT_EQ(UT_Id().value(), 0u);
     EXPECT_TRUE(UT_Id().isNull());
-    EXPECT_EQ(UT_Id(7), UT_Id(7));
     EXPECT_NE(UT_Id(7), UT_Id());
     EXPECT_LT(UT_Id(3), UT_Id(0xFFFFFFFFFFFFFFFFull));
-    std::set<UT_Id> const ordered { UT_Id(9), UT_Id(1), UT_Id(5) };
-    EXPECT_EQ(ordered.begin()->value(), 1u);
-}
-
-TEST(BaseId, HashesAndPrintsWholeSixtyFourBits)
-{
-    QHash<UT_Id, int> table;
-    table.insert(UT_Id(1), 1);
-    table.insert(UT_Id(1ull << 40 | 1), 2);
+    QHash<UT_Id, int> table { { UT_Id(1), 1 }, { UT_Id(1ull << 40 | 1), 2 } };
     EXPECT_EQ(table.value(UT_Id(1)), 1);
     EXPECT_EQ(table.value(UT_Id(1ull << 40 | 1)), 2);
     EXPECT_EQ(UT_Id(0xABCull << 48).toString(), QStringLiteral("0x0abc000000000000"));
@@ -42,15 +31,6 @@ Math::Matrix4x4 fromRows(std::initializer_list<double> values)
     double rows[16];
     std::copy(values.begin(), values.end(), rows);
     return Math::Matrix4x4(rows);
-}
-
-TEST(BaseMatrix, NewMatrixIsTheIdentity)
-{
-    Math::Matrix4x4 const m;
-    EXPECT_TRUE(m.isIdentity());
-    for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c)
-            EXPECT_EQ(m.at(r, c), r == c ? 1.0 : 0.0);
 }
 
 TEST(BaseMatrix, ProductHasTheObjectOnTheLeft)
@@ -99,14 +79,10 @@ TEST(BaseMatrix, AssignmentAndSetKeepTheIdentityFlagTrue)
     EXPECT_TRUE(m.isIdentity());
 }
 
-TEST(BasePoint, DefaultsToOriginAndComparesExactly)
+TEST(BasePoint, ComparesExactly)
 {
-    Math::Point2d p;
-    EXPECT_EQ(p, Math::Point2d(0, 0));
-    p.setX(0.1);
-    p.setY(-2);
-    EXPECT_EQ(p, Math::Point2d(0.1, -2));
-    EXPECT_NE(p, Math::Point2d(std::nextafter(0.1, 1.0), -2));
+    EXPECT_EQ(Math::Point2d(), Math::Point2d(0, 0));
+    EXPECT_NE(Math::Point2d(0.1, -2), Math::Point2d(std::nextafter(0.1, 1.0), -2));
 }
 
 TEST(BaseTranslate, UntranslatedTextsKeepTheirEncoding)

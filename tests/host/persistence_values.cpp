@@ -28,11 +28,8 @@ TEST(PersistenceBool, ParsesExactlyWhatTheWriterWrites)
         EXPECT_EQ(PO_Utils::parseBoolAttr(QString::fromUtf8(c.text), value), c.accepted) << c.text;
         EXPECT_EQ(value, c.accepted ? c.value : untouched) << c.text;
     }
-    for (bool b : { true, false }) {
-        bool back = !b;
-        ASSERT_TRUE(PO_Utils::parseBoolAttr(PO_Utils::boolToString(b), back));
-        EXPECT_EQ(back, b);
-    }
+    EXPECT_EQ(PO_Utils::boolToString(true), QStringLiteral("true"));
+    EXPECT_EQ(PO_Utils::boolToString(false), QStringLiteral("false"));
 }
 
 class PersistenceDouble : public ::testing::TestWithParam<double>
@@ -95,10 +92,8 @@ TEST(PersistenceWriter, MisplacedCallsNeverBreakTheDocument)
     });
     QXmlStreamReader reader(xml);
     QString text;
-    while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::Characters)
-            text += reader.text();
-    }
+    while (!reader.atEnd())
+        text += reader.readNext() == QXmlStreamReader::Characters ? reader.text().toString() : QString();
     EXPECT_FALSE(reader.hasError()) << qPrintable(reader.errorString()) << xml.constData();
     EXPECT_FALSE(xml.contains("late"));
     EXPECT_TRUE(text.startsWith(QStringLiteral("bad\xFFFD\xFFFD ")));
