@@ -1,36 +1,17 @@
 // The two-sided link between properties and observers, and what observers are told.
-#include "properties/KRC_Property.h"
-#include "properties/KRC_PropertyObserver.h"
+#include "PropertyTestKit.h"
 #include "support/QtWarningCapture.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <vector>
 
 namespace {
-
-class Recorder : public KRC_PropertyObserver
-{
-public:
-    void onPropertyModified(KRC_Property* property) override
-    {
-        events.push_back({ 'm', property });
-        if (leaveOnModify)
-            unregisterObservable(property);
-    }
-    void onPropertyDeleted(KRC_Property* property) override { events.push_back({ 'd', property }); }
-
-    std::vector<std::pair<char, KRC_Property*>> events;
-    bool leaveOnModify = false;
-};
-
-using Events = std::vector<std::pair<char, KRC_Property*>>;
 
 TEST(PropertyObservers, EveryAcceptedSetValueIsToldOnceAndRefusalsAreNot)
 {
     KRC_Property property("p", 1, nullptr);
-    Recorder recorder;
+    PropertyRecorder recorder;
     recorder.registerObservable(&property);
     recorder.registerObservable(&property);
     EXPECT_EQ(property.observerCount(), 1u);
@@ -39,7 +20,7 @@ TEST(PropertyObservers, EveryAcceptedSetValueIsToldOnceAndRefusalsAreNot)
     property.setValue(2);
     QtWarningCapture capture;
     property.setValue(QString("x")); // refused
-    EXPECT_EQ(recorder.events, Events({ { 'm', &property }, { 'm', &property } }));
+    EXPECT_EQ(recorder.events, PropertyEvents({ { 'm', &property }, { 'm', &property } }));
 
     recorder.unregisterObservable(&property);
     recorder.unregisterObservable(&property);
@@ -48,34 +29,31 @@ TEST(PropertyObservers, EveryAcceptedSetValueIsToldOnceAndRefusalsAreNot)
     EXPECT_EQ(property.observerCount(), 0u);
 }
 
-TEST(PropertyObservers, DestroyedPropertyTellsAndLeavesNoEntry)
+TEST(PropertyObservers, EitherSideMayBeDestroyedFirst)
 {
-    Recorder recorder;
+    PropertyRecorder recorder;
     auto property = std::make_unique<KRC_Property>("p");
     KRC_Property* identity = property.get();
     recorder.registerObservable(identity);
     property.reset();
-    EXPECT_EQ(recorder.events, Events({ { 'd', identity } }));
+    EXPECT_EQ(recorder.events, PropertyEvents({ { 'd', identity } }));
     EXPECT_EQ(recorder.observableCount(), 0u);
-}
 
-TEST(PropertyObservers, DestroyedObserverLeavesThePropertyUsable)
-{
-    KRC_Property property("p", 1, nullptr);
+    KRC_Property survivor("p", 1, nullptr);
     {
-        Recorder recorder;
-        recorder.registerObservable(&property);
-        EXPECT_TRUE(property.isObservedBy(&recorder));
+        PropertyRecorder shortLived;
+        shortLived.registerObservable(&survivor);
+        EXPECT_TRUE(survivor.isObservedBy(&shortLived));
     }
-    EXPECT_EQ(property.observerCount(), 0u);
-    EXPECT_TRUE(property.setValue(2));
+    EXPECT_EQ(survivor.observerCount(), 0u);
+    EXPECT_TRUE(survivor.setValue(2));
 }
 
 TEST(PropertyObservers, UnregisteringDuringNotificationIsSafe)
 {
     KRC_Property property("p", 1, nullptr);
-    Recorder leaving;
-    Recorder staying;
+    PropertyRecorder leaving;
+    PropertyRecorder staying;
     leaving.leaveOnModify = true;
     leaving.registerObservable(&property);
     staying.registerObservable(&property);
@@ -87,7 +65,7 @@ TEST(PropertyObservers, UnregisteringDuringNotificationIsSafe)
 
 TEST(PropertyObservers, CopiesAreWatchedOnBothSidesAndClonesAreNot)
 {
-    Recorder recorder;
+    PropertyRecorder recorder;
     auto original = std::make_unique<KRC_Property>("p", 1, nullptr);
     recorder.registerObservable(original.get());
     {
@@ -101,7 +79,7 @@ TEST(PropertyObservers, CopiesAreWatchedOnBothSidesAndClonesAreNot)
     EXPECT_EQ(recorder.observableCount(), 1u);
     EXPECT_EQ(recorder.events.size(), 2u); // the copy's change, then its deletion
     {
-        Recorder second(recorder); // a copied observer watches the same properties
+        PropertyRecorder second(recorder); // a copied observer watches the same properties
         EXPECT_EQ(original->observerCount(), 2u);
     }
     EXPECT_EQ(original->observerCount(), 1u);
