@@ -50,13 +50,20 @@ TEST_F(BaseSharedPtr, LastReferenceDeletesAndRawPointersShareOneCount)
     EXPECT_EQ(deaths, 1);
 }
 
-TEST_F(BaseSharedPtr, CopyOfObjectHasItsOwnCount)
+TEST_F(BaseSharedPtr, CopyOfObjectHasItsOwnCountAndIsANewWeakTarget)
 {
     UT_SharedPtr<Tracked> original(new Tracked(&deaths));
-    Tracked copy(*original);
-    EXPECT_EQ(copy.refCount(), 0);
-    copy = *original;
-    EXPECT_EQ(original->refCount(), 1);
+    UT_SharedWeakPtr<Tracked> toOriginal(original);
+    {
+        Tracked copy(*original);
+        EXPECT_EQ(copy.refCount(), 0);
+        copy = *original;
+        EXPECT_EQ(original->refCount(), 1);
+        UT_SharedWeakPtr<Tracked> toCopy(&copy);
+        EXPECT_NE(toCopy, toOriginal);
+        EXPECT_EQ(toCopy.get(), &copy);
+    }
+    EXPECT_EQ(toOriginal.get(), original.get());
 }
 
 TEST_F(BaseSharedPtr, AssignmentMoveAndSelfAssignmentKeepCountsRight)
@@ -153,19 +160,6 @@ TEST_F(BaseWeakPtr, OrderInASetStaysStableAfterTargetsDie)
     // A dead entry is still found (and erased) by its key.
     UT_SharedWeakPtr<Tracked> const firstDead = *set.begin();
     EXPECT_EQ(set.count(firstDead), 1u);
-}
-
-TEST_F(BaseWeakPtr, CopiedObjectIsANewTarget)
-{
-    UT_SharedPtr<Tracked> original(new Tracked(&deaths));
-    UT_SharedWeakPtr<Tracked> toOriginal(original);
-    {
-        Tracked copy(*original);
-        UT_SharedWeakPtr<Tracked> toCopy(&copy);
-        EXPECT_NE(toCopy, toOriginal);
-        EXPECT_EQ(toCopy.get(), &copy);
-    }
-    EXPECT_EQ(toOriginal.get(), original.get());
 }
 
 TEST_F(BaseWeakPtr, ConvertsFromDerivedAndThroughTheUntypedBase)

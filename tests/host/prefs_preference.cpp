@@ -17,46 +17,35 @@ QString const key = QStringLiteral("KEY");
 
 // What each getter answers for a value stored in each kind; the getters' defaults
 // are true, -1, -1.5 and "default", so an answer equal to them means "no conversion".
-struct ConversionCase
+TEST(Prefs, GettersConvertOrFallBackToTheDefault)
 {
-    char const* label;
-    std::function<void(PR_Preference&)> store;
-    bool asBool;
-    int asInt;
-    double asDouble;
-    char const* asString;
-};
-
-class PrefsConversion : public ::testing::TestWithParam<ConversionCase>
-{
-};
-
-TEST_P(PrefsConversion, GettersConvertOrFallBackToTheDefault)
-{
-    ConversionCase const& c = GetParam();
-    PR_Preference prefs;
-    c.store(prefs);
-    EXPECT_EQ(prefs.getBoolValue(key, true), c.asBool);
-    EXPECT_EQ(prefs.getIntValue(key, -1), c.asInt);
-    EXPECT_EQ(prefs.getDoubleValue(key, -1.5), c.asDouble);
-    EXPECT_EQ(prefs.getStringValue(key, QStringLiteral("default")), QString::fromUtf8(c.asString));
+    struct
+    {
+        void (*store)(PR_Preference&);
+        bool asBool;
+        int asInt;
+        double asDouble;
+        char const* asString;
+    } const cases[] = {
+        { [](PR_Preference&) {}, true, -1, -1.5, "default" },
+        { [](PR_Preference& p) { p.setBoolValue(key, false); }, false, 0, -1.5, "false" },
+        { [](PR_Preference& p) { p.setIntValue(key, 0); }, false, 0, 0.0, "0" },
+        { [](PR_Preference& p) { p.setIntValue(key, 7); }, true, 7, 7.0, "7" },
+        { [](PR_Preference& p) { p.setDoubleValue(key, 0.25); }, true, -1, 0.25, "0.25" },
+        { [](PR_Preference& p) { p.setStringValue(key, "true"); }, true, -1, -1.5, "true" },
+        { [](PR_Preference& p) { p.setStringValue(key, "12"); }, true, 12, 12.0, "12" },
+        { [](PR_Preference& p) { p.setStringValue(key, "abc"); }, true, -1, -1.5, "abc" },
+    };
+    for (auto const& c : cases) {
+        SCOPED_TRACE(c.asString);
+        PR_Preference prefs;
+        c.store(prefs);
+        EXPECT_EQ(prefs.getBoolValue(key, true), c.asBool);
+        EXPECT_EQ(prefs.getIntValue(key, -1), c.asInt);
+        EXPECT_EQ(prefs.getDoubleValue(key, -1.5), c.asDouble);
+        EXPECT_EQ(prefs.getStringValue(key, QStringLiteral("default")), QString::fromUtf8(c.asString));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Kinds, PrefsConversion,
-    ::testing::Values(ConversionCase { "missing", [](PR_Preference&) {}, true, -1, -1.5, "default" },
-        ConversionCase {
-            "boolFalse", [](PR_Preference& p) { p.setBoolValue(key, false); }, false, 0, -1.5, "false" },
-        ConversionCase { "intZero", [](PR_Preference& p) { p.setIntValue(key, 0); }, false, 0, 0.0, "0" },
-        ConversionCase { "intSeven", [](PR_Preference& p) { p.setIntValue(key, 7); }, true, 7, 7.0, "7" },
-        ConversionCase {
-            "double", [](PR_Preference& p) { p.setDoubleValue(key, 0.25); }, true, -1, 0.25, "0.25" },
-        ConversionCase {
-            "textTrue", [](PR_Preference& p) { p.setStringValue(key, "true"); }, true, -1, -1.5, "true" },
-        ConversionCase {
-            "textNumber", [](PR_Preference& p) { p.setStringValue(key, "12"); }, true, 12, 12.0, "12" },
-        ConversionCase {
-            "textWord", [](PR_Preference& p) { p.setStringValue(key, "abc"); }, true, -1, -1.5, "abc" }),
-    [](::testing::TestParamInfo<ConversionCase> const& info) { return std::string(info.param.label); });
 
 TEST(Prefs, SignalsOnlyRealChanges)
 {
