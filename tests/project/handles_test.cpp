@@ -234,23 +234,15 @@ TEST(SceneId, ABlockOfAnotherKindIsReportedOnStandardOutput)
     EXPECT_EQ(board.shot(0), real.sceneId());
 }
 
-TEST(TransitionFields, AreReadFromTheSequence)
+TEST(TransitionFields, ABlockWithoutASequenceReadsAsNoTransition)
 {
-    auto const block = transitionBlock(9, 3, 8);
-    Trans_t const transition(block.get());
-    EXPECT_EQ(SC_Id(9), transition.id());
-    EXPECT_EQ(QStringLiteral("Wipe"), transition.name());
-    EXPECT_EQ(1, transition.type());
-    EXPECT_EQ(45, transition.angle());
-    EXPECT_TRUE(transition.reverse());
-    EXPECT_EQ(6u, transition.objNumOfFrame());
-
     auto const empty = std::make_unique<AT_FrameBlock>(3, 8, nullptr);
     Trans_t const bare(empty.get());
     EXPECT_EQ(nullptr, bare.transitionSeq());
     EXPECT_TRUE(bare.name().isNull());
     EXPECT_EQ(-1, bare.type());
     EXPECT_EQ(3u, bare.firstFrame());
+    EXPECT_EQ(6u, bare.objNumOfFrame());
 }
 
 TEST(TransitionFields, TheNameIsReadOnceForAllCopies)
@@ -259,6 +251,8 @@ TEST(TransitionFields, TheNameIsReadOnceForAllCopies)
     Trans_t const transition(block.get());
     Trans_t const copy = transition;
     EXPECT_EQ(QStringLiteral("Wipe"), copy.name());
+    EXPECT_EQ(45, transition.angle());
+    EXPECT_TRUE(transition.reverse());
     AT_TransitionSeq::toTransition(block->seq())->type = AT_TransitionSeq::eSlide;
     EXPECT_EQ(QStringLiteral("Wipe"), transition.name());
     EXPECT_EQ(AT_TransitionSeq::eSlide, transition.type()); // the plain fields are read each time

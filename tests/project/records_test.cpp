@@ -53,16 +53,11 @@ TEST(ProjectRecords, TextRecordsAreMadeOnceOnFirstRead)
     }
 }
 
-TEST(ProjectRecords, StartTimeAndSequencesDefaultToNothing)
+TEST(ProjectRecords, TheStartTimeRecordIsMadeOnFirstRead)
 {
     ProjectBoard board(QStringLiteral("S[2]"));
     EXPECT_EQ(0, board->startTime());
     EXPECT_EQ(1, recordsNamed(board.project(), QStringLiteral("projectStartTime")));
-    board->startTimeMeta()->setValue(86400);
-    EXPECT_EQ(86400, board->startTime());
-    EXPECT_FALSE(board->sequenceExists());
-    board->sequenceExistsMeta()->setValue(true);
-    EXPECT_TRUE(board->sequenceExists());
 }
 
 TEST(ProjectRecords, TheFirstFilmWidthReadFixesTheDefault)

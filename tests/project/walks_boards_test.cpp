@@ -28,6 +28,7 @@ struct BoardCase
 BoardCase const kBoards[] = {
     { "Plain", "S[3,4] S[5] S[2,2,2]" },
     { "TransitionsAtBothEnds", "T2 S[5,5] T4 S[6] S[3] T2" },
+    { "TransitionsBetweenMultiPanelShots", "T2 S[3,3] S[4] T2 S[2,2] S[5] S[1,2] T1" },
     { "SinglePanelShots", "S[4] T2 S[6] T2 S[4] S[1]" },
     // The first shot shows symbol frames 3-9 of [1,4] [5,8] [9,12]; the last one 1-6
     // of [1,4] [5,8]: panels cut at either end are still walked.
