@@ -1,7 +1,7 @@
 // Walks of the project view: every panel with next, the counts of acts and
-// sequences, and lookups by id of cached objects. A walk is linear (each step a tree
-// search), so ten times the panels costs about ten times the time; a lookup of a
-// cached id is one tree search.
+// sequences, and lookups by id of cached objects. A walk is linear (each step a cache
+// lookup), so ten times the panels costs about ten times the time; a lookup of a
+// cached id is one hash lookup.
 //
 // Each walk is timed twice: as it comes, and after flushing the processor's caches.
 // As it comes, the small project's data (handles, engine blocks, records) stays in the

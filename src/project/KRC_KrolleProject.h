@@ -267,7 +267,7 @@ public:
     Krolle::Shot_t getShotByNdx(unsigned ndx) const;
     Krolle::Panel_t getPanelByNdx(unsigned ndx) const;
     Krolle::Trans_t getTransByNdx(unsigned ndx) const;
-    /// A cached object by tree search, otherwise by a walk that fills the cache.
+    /// A cached object by a hash lookup, otherwise by a walk that fills the cache.
     Krolle::Shot_t getShotByID(SC_Id const& id) const;
     Krolle::Panel_t getPanelByID(SC_Id const& id) const;
     Krolle::Trans_t getTransByID(SC_Id const& id) const;

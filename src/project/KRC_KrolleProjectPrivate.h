@@ -13,6 +13,7 @@
 #include <QMutex>
 
 #include <map>
+#include <unordered_map>
 
 /// Everything that KRC_KrolleProject keeps: the owned managers, the reference on the
 /// engine project, the caches of handles (all dropped at once by clearCaches), the
@@ -46,7 +47,8 @@ public:
     Krolle::ObjectCache<Krolle::Shot_t> shotCache;
     Krolle::ObjectCache<Krolle::Trans_t> transCache;
     Krolle::ObjectCache<Krolle::Panel_t> panelCache; // read by id only
-    std::map<SC_Id, Krolle::ObjectCache<Krolle::Panel_t>> panelCachesByShot;
+    // Hashed: a pass or walk meets a new shot every few panels.
+    std::unordered_map<SC_Id, Krolle::ObjectCache<Krolle::Panel_t>> panelCachesByShot;
     // The per-shot cache of the last panelCacheOf(): lookups run shot by shot.
     SC_Id lastShotId;
     Krolle::ObjectCache<Krolle::Panel_t>* lastShotCache = nullptr;

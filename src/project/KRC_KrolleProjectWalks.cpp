@@ -172,7 +172,7 @@ Trans_t KRC_KrolleProject::getTransByNdx(unsigned ndx) const
 
 namespace {
 
-/// The cached object with that id (a tree search), else the first of a walk that has
+/// The cached object with that id (a hash lookup), else the first of a walk that has
 /// it; the walk fills the cache as it goes.
 template <class Handle, class Iterator>
 Handle findById(

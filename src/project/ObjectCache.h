@@ -2,54 +2,45 @@
 #pragma once
 
 #include "host/engine/HostEngine.h"
+#include "project/IdTable.h"
 
-#include <iterator>
-#include <map>
-#include <utility>
+#include <algorithm>
+#include <cstddef>
+#include <vector>
 
 namespace Krolle {
 
 /// Cache of shot, panel or transition handles, by frame interval and by id.
 ///
 /// The frame side holds each object under the first frame of its block, with the
-/// block's length; blocks may overlap (shots under a transition), so one frame can
-/// hit several entries. A disabled cache stores nothing and finds nothing.
+/// block's length, ordered by first frame; entries with the same first frame keep the
+/// order they came in, as in a multimap. Blocks may overlap (shots under a
+/// transition), so one frame can hit several entries. A disabled cache stores nothing
+/// and finds nothing.
 ///
-/// Lookups are tree searches, O(log n) plus the overlapping hits. The frame side
-/// also keeps a finger on the entry of its last lookup: a lookup at the same entry
+/// Both sides are flat arrays, because a project of tens of thousands of panels must
+/// not cost more per lookup than a small one: the frame side is sorted and searched by
+/// halves, the id side is an `IdTable`. Handles mostly come in frame order (passes,
+/// walks), which appends; an insert out of order moves the entries after it. The frame
+/// side also keeps a finger on the entry of its last lookup: a lookup at the same entry
 /// or the one after it (a host playing or scrubbing through frames) starts there
-/// instead of at the root. Threading: the host's thread; the owner's lock covers it.
+/// instead of searching. Threading: the host's thread; the owner's lock covers it.
 template <class T> class ObjectCache
 {
 public:
-    using FrameEntry = std::pair<unsigned, T>; // block length, object
-    using FrameMap = std::multimap<unsigned, FrameEntry>;
-    using IdMap = std::map<SC_Id, T>;
-
-    ObjectCache() = default;
-    // A copy has its own maps, so it cannot share the finger.
-    ObjectCache(ObjectCache const& other)
-        : enabled(other.enabled)
-        , m_byFrame(other.m_byFrame)
-        , m_byId(other.m_byId)
-    {
-    }
-    ObjectCache& operator=(ObjectCache const& other)
-    {
-        enabled = other.enabled;
-        m_byFrame = other.m_byFrame;
-        m_byId = other.m_byId;
-        m_hasFinger = false;
-        return *this;
-    }
-
     void insert(unsigned first, unsigned length, T const& object)
     {
         if (!enabled)
             return;
-        m_hasFinger = false; // the entry may land between the finger and its successor
-        m_byFrame.emplace(first, FrameEntry(length, object));
-        m_byId[object.id()] = object;
+        if (m_byFrame.empty() || m_byFrame.back().first <= first) {
+            m_byFrame.push_back(FrameEntry { first, length, object });
+        } else {
+            auto const at = std::upper_bound(m_byFrame.begin(), m_byFrame.end(), first,
+                [](unsigned key, FrameEntry const& entry) { return key < entry.first; });
+            m_byFrame.insert(at, FrameEntry { first, length, object });
+            m_finger = noFinger; // the entries behind the new one moved
+        }
+        m_byId.set(object.id(), object);
     }
 
     /// The object covering `frame`. The hits are collected from the latest start
@@ -58,25 +49,25 @@ public:
     /// earliest.
     T findByFrame(unsigned frame, bool takeFront) const
     {
-        if (!enabled || m_byFrame.empty())
+        if (!enabled)
             return T();
-        auto it = lastStartingAtOrBefore(frame);
-        if (it == m_byFrame.end())
+        std::size_t at = lastStartingAtOrBefore(frame);
+        if (at == noFinger)
             return T();
         // Point at the hits rather than copy them: a copy of a handle touches its
         // private object, and only one of them is handed out.
         T const* front = nullptr;
         T const* back = nullptr;
         for (;;) {
-            T const& object = it->second.second;
-            if (object.isInvalid() || it->first > frame || !covers(it->first, it->second.first, frame))
+            FrameEntry const& entry = m_byFrame[at];
+            if (entry.object.isInvalid() || entry.first > frame || !covers(entry, frame))
                 break;
             if (!front)
-                front = &object;
-            back = &object;
-            if (it == m_byFrame.begin())
+                front = &entry.object;
+            back = &entry.object;
+            if (at == 0)
                 break;
-            --it;
+            --at;
         }
         if (!front)
             return T();
@@ -87,65 +78,63 @@ public:
     {
         if (!enabled)
             return T();
-        auto const it = m_byId.find(id);
-        return it == m_byId.end() ? T() : it->second;
+        T const* found = m_byId.find(id);
+        return found ? *found : T();
     }
 
     void clear()
     {
-        m_hasFinger = false;
+        m_finger = noFinger;
         m_byFrame.clear();
         m_byId.clear();
     }
 
-    bool isEmpty() const { return m_byFrame.empty() && m_byId.empty(); }
+    bool isEmpty() const { return m_byFrame.empty() && m_byId.isEmpty(); }
 
     bool enabled = true;
 
 private:
-    using FrameIterator = typename FrameMap::const_iterator;
-
-    // key + length - 1 >= frame, written so that a zero length covers nothing.
-    static bool covers(unsigned key, unsigned length, unsigned frame)
+    struct FrameEntry
     {
-        return length > 0 && quint64(key) + length - 1 >= frame;
+        unsigned first;
+        unsigned length;
+        T object;
+    };
+
+    static constexpr std::size_t noFinger = std::size_t(-1);
+
+    // first + length - 1 >= frame, written so that a zero length covers nothing.
+    static bool covers(FrameEntry const& entry, unsigned frame)
+    {
+        return entry.length > 0 && quint64(entry.first) + entry.length - 1 >= frame;
     }
 
-    /// Whether `next` (the entry after the one asked about) starts above `frame`.
-    bool startsAbove(FrameIterator next, unsigned frame) const
+    /// Whether the entry at `at` (past the end counts) starts above `frame`.
+    bool startsAbove(std::size_t at, unsigned frame) const
     {
-        return next == m_byFrame.end() || next->first > frame;
+        return at >= m_byFrame.size() || m_byFrame[at].first > frame;
     }
 
-    /// The last entry whose start is not above `frame`, or end() when there is none.
-    /// The finger and its successor are kept together, so that staying on an entry
-    /// costs no step in the tree and moving to the next one costs one.
-    FrameIterator lastStartingAtOrBefore(unsigned frame) const
+    /// The last entry whose start is not above `frame`, or noFinger when there is
+    /// none. Staying on the finger's entry or moving to the next one costs no search.
+    std::size_t lastStartingAtOrBefore(unsigned frame) const
     {
-        if (m_hasFinger && m_finger->first <= frame) {
-            if (startsAbove(m_fingerNext, frame))
+        if (m_finger != noFinger && m_byFrame[m_finger].first <= frame) {
+            if (startsAbove(m_finger + 1, frame))
                 return m_finger;
-            auto const afterNext = std::next(m_fingerNext);
-            if (startsAbove(afterNext, frame))
-                return setFinger(m_fingerNext, afterNext);
+            if (startsAbove(m_finger + 2, frame))
+                return m_finger = m_finger + 1;
         }
-        auto const after = m_byFrame.upper_bound(frame);
-        return after == m_byFrame.begin() ? m_byFrame.end() : setFinger(std::prev(after), after);
+        auto const after = std::upper_bound(m_byFrame.begin(), m_byFrame.end(), frame,
+            [](unsigned key, FrameEntry const& entry) { return key < entry.first; });
+        if (after == m_byFrame.begin())
+            return noFinger;
+        return m_finger = std::size_t(after - m_byFrame.begin()) - 1;
     }
 
-    FrameIterator setFinger(FrameIterator finger, FrameIterator next) const
-    {
-        m_finger = finger;
-        m_fingerNext = next;
-        m_hasFinger = true;
-        return finger;
-    }
-
-    FrameMap m_byFrame;
-    IdMap m_byId;
-    mutable FrameIterator m_finger;
-    mutable FrameIterator m_fingerNext;
-    mutable bool m_hasFinger = false;
+    std::vector<FrameEntry> m_byFrame;
+    IdTable<T> m_byId;
+    mutable std::size_t m_finger = noFinger;
 };
 
 } // namespace Krolle

@@ -67,25 +67,58 @@ INSTANTIATE_TEST_SUITE_P(Caches, ObjectCacheFrames,
         return name;
     });
 
-TEST(ObjectCache, TheLastLookupsPlaceChangesNoAnswer)
+/// Blocks over `entries` (ids counting from 1) and a cache filled in `order`.
+struct FilledCache
 {
-    Interval const entries[] = { { 1, 10 }, { 8, 5 }, { 13, 1 }, { 14, 6 }, { 14, 2 }, { 25, 3 } };
     std::vector<std::unique_ptr<AT_FrameBlock>> blocks;
     ObjectCache<Trans_t> cache;
-    quint64 id = 0;
-    for (Interval const& e : entries) {
-        blocks.push_back(std::make_unique<AT_FrameBlock>(
-            e.first, e.first + e.length - 1, std::make_unique<AT_TransitionSeq>(SC_Id(++id), 0)));
-        cache.insert(e.first, e.length, Trans_t(blocks.back().get()));
+
+    FilledCache(std::vector<Interval> const& entries, std::vector<size_t> const& order)
+    {
+        for (size_t i = 0; i < entries.size(); ++i) {
+            Interval const& e = entries[i];
+            blocks.push_back(std::make_unique<AT_FrameBlock>(
+                e.first, e.first + e.length - 1, std::make_unique<AT_TransitionSeq>(SC_Id(i + 1), 0)));
+        }
+        for (size_t i : order)
+            cache.insert(entries[i].first, entries[i].length, Trans_t(blocks[i].get()));
     }
-    // Forward, backward and jumping orders, each compared with a cache that has no
-    // previous lookup (a copy starts without one).
+};
+
+std::vector<Interval> const kRun = { { 1, 10 }, { 8, 5 }, { 13, 1 }, { 14, 6 }, { 14, 2 }, { 25, 3 } };
+
+TEST(ObjectCache, TheLastLookupsPlaceChangesNoAnswer)
+{
+    FilledCache filled(kRun, { 0, 1, 2, 3, 4, 5 });
+    // Forward, backward and jumping orders, each compared with a cache that has had
+    // no lookup yet.
     unsigned const frames[]
         = { 0, 1, 2, 8, 9, 12, 13, 14, 15, 16, 20, 24, 25, 27, 28, 27, 14, 13, 9, 3, 26, 8, 0 };
     for (unsigned frame : frames) {
         for (bool front : { true, false }) {
-            ObjectCache<Trans_t> const fresh(cache);
-            EXPECT_EQ(fresh.findByFrame(frame, front), cache.findByFrame(frame, front)) << frame;
+            FilledCache const fresh(kRun, { 0, 1, 2, 3, 4, 5 });
+            EXPECT_EQ(fresh.cache.findByFrame(frame, front).id(), filled.cache.findByFrame(frame, front).id())
+                << frame;
+        }
+    }
+}
+
+// Entries that come out of frame order land where a multimap would put them: by
+// start, and after the entries with the same start that came before them.
+TEST(ObjectCache, InsertsOutOfOrderAnswerLikeInOrder)
+{
+    FilledCache const inOrder(kRun, { 0, 1, 2, 3, 4, 5 });
+    FilledCache shuffled(kRun, { 5, 3, 1, 4, 0, 2 });
+    shuffled.cache.findByFrame(14, true); // a finger placed before the later inserts
+    FilledCache late(kRun, { 5, 0 });
+    late.cache.findByFrame(26, false);
+    for (size_t i : { 3, 1, 4, 2 })
+        late.cache.insert(kRun[i].first, kRun[i].length, Trans_t(late.blocks[i].get()));
+    for (unsigned frame = 0; frame <= 28; ++frame) {
+        for (bool front : { true, false }) {
+            Trans_t const expected = inOrder.cache.findByFrame(frame, front);
+            EXPECT_EQ(expected.id(), shuffled.cache.findByFrame(frame, front).id()) << frame;
+            EXPECT_EQ(expected.id(), late.cache.findByFrame(frame, front).id()) << frame;
         }
     }
 }
