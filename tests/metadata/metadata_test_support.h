@@ -3,6 +3,7 @@
 
 #include "host/persistence/HostPersistence.h"
 #include "metadata/KRC_MetadataFactory.h"
+#include "naming/KRC_ObjectName.h"
 
 #include <QByteArray>
 #include <QString>
@@ -34,6 +35,13 @@ inline std::unique_ptr<PIO_Metadatas> readDocument(QByteArray const& document, Q
 template <class T> T* first(PIO_Metadatas* metas)
 {
     return metas && !metas->isEmpty() ? dynamic_cast<T*>(*metas->begin()) : nullptr;
+}
+
+/// Sets a name field's text and flag at once.
+inline void setName(KRC_ObjectName& name, char const* value, int flag)
+{
+    name.setValue(QString::fromLatin1(value));
+    name.setFlag(flag);
 }
 
 /// The record's dump: its identity and every field, as text.

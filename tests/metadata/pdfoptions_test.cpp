@@ -1,12 +1,9 @@
 // KRC_PdfOptions: the option set, its blobs through the persistence driver (current,
 // legacy and damaged), clone, and the records of a project across its project file.
-#include "host/engine/HostProjectFile.h"
 #include "metadata/KRC_PdfOptions.h"
-#include "metadata/KRC_ReferenceToolData.h"
 #include "metadata_test_support.h"
 #include "properties/KRC_PropertiedObject.h"
 #include "properties/KRC_PropertyFromList.h"
-#include "support/ProjectBoard.h"
 #include "support/PropertyBlobs.h"
 #include "support/QtWarningCapture.h"
 
@@ -60,20 +57,15 @@ TEST(PdfOptions, OptionSetOperations)
 {
     KRC_PdfOptions record;
     EXPECT_TRUE(record.exportEnabled());
-    EXPECT_TRUE(record.isValid());
     const KRC_Property disabled("panel_export_enabled", false, nullptr);
     const KRC_Property other("other", 1, nullptr);
-    record.addPdfOptions(&disabled);
-    record.addPdfOptions(&other);
-    record.addPdfOptions(nullptr);
+    for (KRC_Property const* option :
+        { &disabled, &other, static_cast<KRC_Property const*>(nullptr), &disabled })
+        record.addPdfOptions(option); // the second "panel_export_enabled" replaces the first and moves last
     EXPECT_FALSE(record.exportEnabled());
     EXPECT_NE(record.pdfOptions().getProperty("other"), &other); // a clone; the caller keeps its own
-    record.addPdfOptions(&disabled); // replaced: moves to the end
-    EXPECT_EQ(PropertyBlobs::summary(*record.pdfOptions().getProperty("panel_export_enabled")),
-        PropertyBlobs::summary(disabled));
-    std::list<QString> names;
-    record.pdfOptions().getAllProperties(names);
-    EXPECT_EQ(names, (std::list<QString> { "other", "panel_export_enabled" }));
+    EXPECT_EQ(
+        summaries(record), QStringList({ PropertyBlobs::summary(other), PropertyBlobs::summary(disabled) }));
     // An option of the record itself replaces itself; it is cloned before it goes.
     record.addPdfOptions(record.pdfOptions().getProperty("other"));
     EXPECT_EQ(record.pdfOptions().getPropertyInt("other", 0), 1);
@@ -81,9 +73,7 @@ TEST(PdfOptions, OptionSetOperations)
     EXPECT_TRUE(record.exportEnabled());
     record.removeAll();
     EXPECT_EQ(record.pdfOptions().propertiesCount(), 0u);
-    QString dump;
-    record.dumpToString(dump);
-    EXPECT_TRUE(dump.isEmpty());
+    EXPECT_TRUE(metatest::dumpOf(record).isEmpty());
 }
 
 TEST(PdfOptions, EveryKindSurvivesTheXmlWithDefinitionAndConstraints)
@@ -164,34 +154,6 @@ TEST(PdfOptions, ReadingReplacesAndCloneIsFresh)
     EXPECT_EQ(summaries(*copy), summaries(source));
     copy->pdfOptions().setProperty("margin", 3.0);
     EXPECT_EQ(source.pdfOptions().getPropertyDouble("margin", 0), 2.5);
-}
-
-TEST(ToolRecords, MadeByTheViewAndThePanelAndKeptAcrossTheProjectFile)
-{
-    ProjectBoard board(QStringLiteral("S[4,4]"));
-    KRC_ReferenceToolData* tool = board->referenceToolData();
-    ASSERT_TRUE(tool);
-    EXPECT_TRUE(board.project()->metadatas()->contains(tool));
-    tool->setPos(Math::Point2d(3, 4));
-    tool->setOptions(3);
-    const Krolle::Panel_t panel = board->getPanelAt(6, KRC_KrolleProject::PreferPrevious);
-    ASSERT_TRUE(panel.pdfOptions());
-    EXPECT_TRUE(panel.symbol()->metadatas()->contains(panel.pdfOptions()));
-    fill(panel.pdfOptions()->pdfOptions());
-
-    KRC_MetadataFactory::createInstance();
-    QString error;
-    const UT_SharedPtr<SC_Project> loaded
-        = HostProjectFile::fromXml(HostProjectFile::toXml(board.project()), &error);
-    ASSERT_TRUE(loaded) << error.toStdString();
-    KRC_KrolleProject view(loaded.get());
-    ASSERT_TRUE(view.referenceToolData());
-    EXPECT_TRUE(view.referenceToolData()->data() == tool->data());
-    EXPECT_EQ(view.referenceToolData()->options(), 3);
-    const Krolle::Panel_t reloaded = view.getPanelAt(6, KRC_KrolleProject::PreferPrevious);
-    ASSERT_TRUE(reloaded.pdfOptions());
-    EXPECT_EQ(summaries(*reloaded.pdfOptions()), summaries(*panel.pdfOptions()));
-    EXPECT_FALSE(reloaded.pdfOptions()->exportEnabled());
 }
 
 } // namespace

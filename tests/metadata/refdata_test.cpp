@@ -7,6 +7,8 @@
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 // The document without the indentation between elements.
@@ -36,13 +38,11 @@ KRC_ReferenceToolData sample()
 TEST(ReferenceToolData, OptionsAreBitsOverDefaultData)
 {
     KRC_ReferenceToolData data;
-    EXPECT_TRUE(data.isValid());
-    EXPECT_TRUE(data.data() == KRC_ReferenceToolData::Data_t());
-    EXPECT_FALSE(data.showOnThumbnails() || data.autoUpdateThumbnails());
+    EXPECT_TRUE(data.isValid() && data.data() == KRC_ReferenceToolData::Data_t());
     data.addOption(KRC_ReferenceToolData::ShowOnThumbnails);
+    EXPECT_TRUE(data.showOnThumbnails() && !data.autoUpdateThumbnails());
     data.addOption(KRC_ReferenceToolData::AutoUpdateThumbnails);
     EXPECT_EQ(data.options(), 3);
-    EXPECT_TRUE(data.showOnThumbnails() && data.autoUpdateThumbnails());
 }
 
 TEST(ReferenceToolData, XmlRoundTripKeepsEveryFieldInFormatOrder)
@@ -61,45 +61,31 @@ TEST(ReferenceToolData, XmlRoundTripKeepsEveryFieldInFormatOrder)
         << written.constData();
 }
 
-struct ReaderCase
+// A failed attribute spoils the whole element: the last one read decides for it.
+TEST(ReferenceToolData, TheLastAttributeDecidesForItsElement)
 {
-    QString children;
-    Math::Point2d pos;
-    double scale;
-    QColor rgb;
-    double alpha;
-    int options;
-};
-
-class ReferenceToolDataReader : public ::testing::TestWithParam<ReaderCase>
-{
-};
-
-TEST_P(ReferenceToolDataReader, TheLastAttributeDecidesForItsElement)
-{
-    const ReaderCase& c = GetParam();
-    const auto metas = metatest::readDocument(document(c.children));
-    const auto* data = metatest::first<KRC_ReferenceToolData>(metas.get());
-    ASSERT_TRUE(data);
-    EXPECT_EQ(data->pos(), c.pos);
-    EXPECT_EQ(data->scale(), c.scale);
-    EXPECT_EQ(data->rgb(), c.rgb);
-    EXPECT_EQ(data->rgb().alpha(), 255);
-    EXPECT_EQ(data->alpha(), c.alpha);
-    EXPECT_EQ(data->options(), c.options);
+    const QColor kDefault(255, 30, 255);
+    // children, position, scale, colour, alpha, options
+    const std::tuple<char const*, Math::Point2d, double, QColor, double, int> cases[] = {
+        { "<position x=\"abc\" y=\"2\" angle=\"0\" scale=\"3\"/>", { 0, 2 }, 3, kDefault, 1, 0 },
+        { "<position x=\"1\" y=\"2\" angle=\"0\" scale=\"bad\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
+        { "<position x=\"1\" y=\"2\" angle=\"0\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
+        { "<color r=\"x\" g=\"2\" b=\"3\" a=\"0.5\"/>", { 0, 0 }, 1, QColor(0, 2, 3), 0.5, 0 },
+        { "<color r=\"1\" g=\"2\" b=\"3\" a=\"\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
+        { "<options value=\"5\"/><options value=\"z\"/><other value=\"7\"/>", { 0, 0 }, 1, kDefault, 1, 5 },
+    };
+    for (auto const& [children, pos, scale, rgb, alpha, options] : cases) {
+        const auto metas = metatest::readDocument(document(QString::fromLatin1(children)));
+        const auto* data = metatest::first<KRC_ReferenceToolData>(metas.get());
+        ASSERT_TRUE(data) << children;
+        EXPECT_EQ(data->pos(), pos) << children;
+        EXPECT_EQ(data->scale(), scale) << children;
+        EXPECT_EQ(data->rgb(), rgb) << children;
+        EXPECT_EQ(data->rgb().alpha(), 255) << children;
+        EXPECT_EQ(data->alpha(), alpha) << children;
+        EXPECT_EQ(data->options(), options) << children;
+    }
 }
-
-const QColor kDefault(255, 30, 255);
-
-INSTANTIATE_TEST_SUITE_P(SharedFlag, ReferenceToolDataReader,
-    ::testing::Values(
-        ReaderCase { "<position x=\"abc\" y=\"2\" angle=\"0\" scale=\"3\"/>", { 0, 2 }, 3, kDefault, 1, 0 },
-        ReaderCase { "<position x=\"1\" y=\"2\" angle=\"0\" scale=\"bad\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
-        ReaderCase { "<position x=\"1\" y=\"2\" angle=\"0\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
-        ReaderCase { "<color r=\"x\" g=\"2\" b=\"3\" a=\"0.5\"/>", { 0, 0 }, 1, QColor(0, 2, 3), 0.5, 0 },
-        ReaderCase { "<color r=\"1\" g=\"2\" b=\"3\" a=\"\"/>", { 0, 0 }, 1, kDefault, 1, 0 },
-        ReaderCase { "<options value=\"5\"/><options value=\"z\"/><other value=\"7\"/>", { 0, 0 }, 1,
-            kDefault, 1, 5 }));
 
 TEST(ReferenceToolData, ChannelsOutOfRangeGiveAnInvalidColourInSilence)
 {
