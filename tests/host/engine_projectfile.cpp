@@ -107,99 +107,70 @@ TEST_F(EngineProjectFile, loadedProjectGoesOnWithFreshIds)
     EXPECT_EQ(HostAuthoring::shotIndex(loaded.get(), board.shots[1]), 1);
 }
 
-struct BadDocument
-{
-    char const* name;
-    char const* xml;
-    char const* message; // a part of the error
-};
-
-class RefusedDocument : public ::testing::TestWithParam<BadDocument>
-{
-};
-
 #define ROOT "<engineProject version=\"1\" nextId=\"9\">"
 #define END "</engineProject>"
-// The top scene's sequence, opened and closed.
+// The top scene's sequence, opened and closed, and blocks of frames 1 to 5 or 1 to 1.
 #define SEQ "<scene id=\"1\"><sequence>"
 #define QES "</sequence></scene>"
-#define SCENES_OK                                                                                            \
-    "<scene id=\"1\"><sequence><block first=\"1\" last=\"5\" kind=\"warp\" scene=\"2\" start=\"1\" "         \
-    "end=\"5\"/>"                                                                                            \
-    "</sequence></scene><scene id=\"2\"/>"
+#define B5(attributes) "<block first=\"1\" last=\"5\" " attributes "/>"
+#define T1(attributes)                                                                                       \
+    "<block first=\"1\" last=\"1\" kind=\"transition\" " attributes " angle=\"0\" type=\"0\"/>"
+#define SCENES_OK SEQ B5("kind=\"warp\" scene=\"2\" start=\"1\" end=\"5\"") QES "<scene id=\"2\"/>"
 
-TEST_P(RefusedDocument, givesNoProjectAndNamesThePlace)
+TEST_F(EngineProjectFile, refusedDocumentGivesNoProjectAndNamesThePlace)
 {
-    BadDocument const& c = GetParam();
-    QString error;
-    UT_SharedPtr<SC_Project> project = HostProjectFile::fromXml(QByteArray(c.xml), &error);
-    EXPECT_FALSE(project) << c.name;
-    EXPECT_TRUE(error.contains(QStringLiteral("line "))) << c.name << ": " << qPrintable(error);
-    EXPECT_TRUE(error.contains(QString::fromUtf8(c.message))) << c.name << ": " << qPrintable(error);
-}
-
-INSTANTIATE_TEST_SUITE_P(Engine, RefusedDocument,
-    ::testing::Values(BadDocument { "empty", "", "" }, BadDocument { "not xml", "this is no xml", "" },
-        BadDocument { "truncated", ROOT SCENES_OK, "" },
-        BadDocument { "other root", "<project/>", "no engine project" },
-        BadDocument { "unknown version", "<engineProject version=\"2\" nextId=\"9\"/>", "version \"2\"" },
-        BadDocument { "no scene", "<engineProject version=\"1\" nextId=\"9\"/>", "no scene" },
-        BadDocument { "missing nextId", "<engineProject version=\"1\">" SCENES_OK END, "\"nextId\"" },
-        BadDocument {
-            "nextId too small", "<engineProject version=\"1\" nextId=\"2\">" SCENES_OK END, "\"nextId\" 2" },
-        BadDocument { "unknown element", ROOT "<shot/>" END, "unexpected element <shot>" },
-        BadDocument { "duplicate scene id", ROOT "<scene id=\"1\"/><scene id=\"1\"/>" END,
-            "scene id 1 is given twice" },
-        BadDocument { "zero id", ROOT "<scene id=\"0\"/>" END, "is 0" },
-        BadDocument { "bad number", ROOT SEQ "<block first=\"x\" last=\"5\" kind=\"other\"/>" QES END,
+    struct
+    {
+        char const* xml;
+        char const* message; // a part of the error
+    } const cases[] = {
+        { "", "" },
+        { "this is no xml", "" },
+        { ROOT SCENES_OK, "" }, // truncated
+        { "<project/>", "no engine project" },
+        { "<engineProject version=\"2\" nextId=\"9\"/>", "version \"2\"" },
+        { "<engineProject version=\"1\" nextId=\"9\"/>", "no scene" },
+        { "<engineProject version=\"1\">" SCENES_OK END, "\"nextId\"" },
+        { "<engineProject version=\"1\" nextId=\"2\">" SCENES_OK END, "\"nextId\" 2" },
+        { ROOT "<shot/>" END, "unexpected element <shot>" },
+        { ROOT "<scene id=\"1\"/><scene id=\"1\"/>" END, "scene id 1 is given twice" },
+        { ROOT "<scene id=\"0\"/>" END, "is 0" },
+        { ROOT SEQ "<block first=\"x\" last=\"5\" kind=\"other\"/>" QES END,
             "\"x\" is not a valid value for \"first\"" },
-        BadDocument { "unknown block kind", ROOT SEQ "<block first=\"1\" last=\"5\" kind=\"sound\"/>" QES END,
-            "unknown kind of block \"sound\"" },
-        BadDocument { "missing scene",
-            ROOT SEQ
-            "<block first=\"1\" last=\"5\" kind=\"warp\" scene=\"7\" start=\"1\" end=\"5\"/>" QES END,
+        { ROOT SEQ B5("kind=\"sound\"") QES END, "unknown kind of block \"sound\"" },
+        { ROOT SEQ B5("kind=\"warp\" scene=\"7\" start=\"1\" end=\"5\"") QES END,
             "line 1, column 129: the block refers to scene 7, which does not exist" },
-        BadDocument { "shows the top scene",
-            ROOT SCENES_OK
-            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" scene=\"1\"/>" QES END,
+        { ROOT SCENES_OK "<scene id=\"3\"><sequence>" B5("kind=\"scene\" scene=\"1\"") QES END,
             "shows scene 1" },
-        BadDocument { "scene shown twice",
-            ROOT SCENES_OK
-            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" scene=\"2\"/>" QES END,
+        { ROOT SCENES_OK "<scene id=\"3\"><sequence>" B5("kind=\"scene\" scene=\"2\"") QES END,
             "scene 2 is shown by two blocks" },
-        BadDocument { "cycle",
-            ROOT
-            "<scene id=\"1\"/><scene id=\"2\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" "
-            "scene=\"3\"/>" QES
-            "<scene id=\"3\"><sequence><block first=\"1\" last=\"5\" kind=\"scene\" scene=\"2\"/>" QES END,
+        { ROOT "<scene id=\"1\"/><scene id=\"2\"><sequence>" B5("kind=\"scene\" scene=\"3\"") QES
+            "<scene id=\"3\"><sequence>" B5("kind=\"scene\" scene=\"2\"") QES END,
             "shows itself" },
-        BadDocument { "overlapping shot blocks",
-            ROOT SEQ "<block first=\"1\" last=\"5\" kind=\"scene\" scene=\"2\"/><block first=\"4\" "
-                     "last=\"8\" kind=\"scene\" scene=\"3\"/>" QES "<scene id=\"2\"/><scene id=\"3\"/>" END,
+        { ROOT SEQ B5(
+              "kind=\"scene\" scene=\"2\"") "<block first=\"4\" last=\"8\" kind=\"scene\" scene=\"3\"/>" QES
+                                            "<scene id=\"2\"/><scene id=\"3\"/>" END,
             "sequence of scene 1: block 1: overlaps the block before it" },
-        BadDocument { "duplicate transition id",
-            ROOT SEQ "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"5\" type=\"0\" angle=\"0\" "
-                     "reverse=\"false\"/><block first=\"3\" last=\"3\" kind=\"transition\" id=\"5\" "
-                     "type=\"0\" angle=\"0\" reverse=\"false\"/>" QES END,
+        { ROOT SEQ T1(
+              "id=\"5\" reverse=\"false\"") "<block first=\"3\" last=\"3\" kind=\"transition\" id=\"5\" "
+                                            "type=\"0\" angle=\"0\" reverse=\"false\"/>" QES END,
             "transition id 5 is already used" },
-        BadDocument { "transition id of a scene",
-            ROOT SEQ "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"1\" type=\"0\" angle=\"0\" "
-                     "reverse=\"false\"/>" QES END,
-            "transition id 1 is already used" },
-        BadDocument { "bad reverse flag",
-            ROOT SEQ "<block first=\"1\" last=\"1\" kind=\"transition\" id=\"4\" type=\"0\" angle=\"0\" "
-                     "reverse=\"yes\"/>" QES END,
-            "reverse flag" },
-        BadDocument { "warp ending before its start",
-            ROOT SEQ "<block first=\"1\" last=\"5\" kind=\"warp\" scene=\"2\" start=\"5\" end=\"1\"/>" QES
-                     "<scene id=\"2\"/>" END,
+        { ROOT SEQ T1("id=\"1\" reverse=\"false\"") QES END, "transition id 1 is already used" },
+        { ROOT SEQ T1("id=\"4\" reverse=\"yes\"") QES END, "reverse flag" },
+        { ROOT SEQ B5("kind=\"warp\" scene=\"2\" start=\"5\" end=\"1\"") QES "<scene id=\"2\"/>" END,
             "ends (1) before it starts (5)" },
-        BadDocument { "short matrix", ROOT "<defaultCamera matrix=\"1 0 0\"/>" END, "16 numbers" },
-        BadDocument { "two sequences", ROOT "<scene id=\"1\"><sequence/><sequence/></scene>" END,
-            "<sequence> is given twice" },
-        BadDocument { "content after the root", ROOT "<scene id=\"1\"/>" END "<more/>", "" },
-        BadDocument { "entity declaration",
-            "<!DOCTYPE p [<!ENTITY x \"y\">]>" ROOT "<scene id=\"1\"/><metadatas>&x;</metadatas>" END, "" }));
+        { ROOT "<defaultCamera matrix=\"1 0 0\"/>" END, "16 numbers" },
+        { ROOT "<scene id=\"1\"><sequence/><sequence/></scene>" END, "<sequence> is given twice" },
+        { ROOT "<scene id=\"1\"/>" END "<more/>", "" },
+        { "<!DOCTYPE p [<!ENTITY x \"y\">]>" ROOT "<scene id=\"1\"/><metadatas>&x;</metadatas>" END, "" },
+    };
+    for (auto const& c : cases) {
+        QString error;
+        EXPECT_FALSE(HostProjectFile::fromXml(QByteArray(c.xml), &error)) << c.xml;
+        EXPECT_TRUE(error.contains(QStringLiteral("line "))) << c.xml << ": " << qPrintable(error);
+        EXPECT_TRUE(error.contains(QString::fromUtf8(c.message))) << c.xml << ": " << qPrintable(error);
+    }
+}
 
 TEST_F(EngineProjectFile, truncatedFileOfARealProjectIsRefused)
 {

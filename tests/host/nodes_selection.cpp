@@ -3,25 +3,20 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 using ::testing::ElementsAre;
 
 namespace {
 
 class NodesSelectionTest : public NodesTest
 {
-protected:
+public:
     NodesSelectionTest()
     {
         a = Author::addPeg(root(), "a");
         b = Author::addElement(root(), "b", CA_DrawingKind::Kvg);
         manager.clear();
-    }
-
-    // How many selectionChanged the next notify delivers.
-    int delivered()
-    {
-        deliver();
-        return log.selectionChanges;
     }
 
     QStringList selected() const
@@ -42,63 +37,58 @@ protected:
 
 } // namespace
 
-TEST_F(NodesSelectionTest, HelpersAddRemoveAndTestNodesInOrderOfAddition)
+// Each step runs on the same selection; then the selection and the number of
+// selectionChanged the next notify delivers are checked.
+TEST_F(NodesSelectionTest, EachOperationGivesItsSelectionAndSignalCount)
 {
-    EXPECT_TRUE(SL_SelectionUtil::addToSelection(&selection, b));
-    EXPECT_TRUE(SL_SelectionUtil::addToSelection(&selection, a));
-    EXPECT_FALSE(SL_SelectionUtil::addToSelection(&selection, b)) << "already selected";
-    EXPECT_THAT(selected(), ElementsAre("b", "a"));
-    EXPECT_TRUE(SL_SelectionUtil::isIn(&selection, a));
-    EXPECT_TRUE(SL_SelectionUtil::removeFromSelection(&selection, b));
-    EXPECT_FALSE(SL_SelectionUtil::removeFromSelection(&selection, b));
-    EXPECT_FALSE(SL_SelectionUtil::isIn(&selection, b));
-    EXPECT_THAT(selected(), ElementsAre("a"));
-
-    EXPECT_FALSE(SL_SelectionUtil::addToSelection(nullptr, a));
-    EXPECT_FALSE(SL_SelectionUtil::addToSelection(&selection, nullptr));
-    EXPECT_FALSE(SL_SelectionUtil::isIn(&selection, nullptr));
-    EXPECT_FALSE(SL_SelectionUtil::removeFromSelection(nullptr, a));
-}
-
-TEST_F(NodesSelectionTest, EachChangePostsOneSelectionChangedAndNoChangePostsNone)
-{
-    selection.clear();
-    EXPECT_EQ(0, delivered()) << "clearing an empty selection";
-    SL_SelectionUtil::addToSelection(&selection, a);
-    SL_SelectionUtil::addToSelection(&selection, b);
-    EXPECT_EQ(1, delivered());
-    SL_SelectionUtil::addToSelection(&selection, a);
-    SL_SelectionUtil::removeFromSelection(&selection, nullptr);
-    EXPECT_EQ(0, delivered());
-    selection.clear();
-    EXPECT_EQ(1, delivered());
-    EXPECT_TRUE(selection.isEmpty());
-}
-
-TEST_F(NodesSelectionTest, NestedBatchesPostOnceWhenTheOutermostCloses)
-{
-    {
-        SL_Selection::BatchSelectionModeScope outer(&selection);
-        SL_SelectionUtil::addToSelection(&selection, a);
-        EXPECT_EQ(0, delivered()) << "a notify inside the batch";
-        {
-            SL_Selection::BatchSelectionModeScope inner(&selection);
-            SL_SelectionUtil::addToSelection(&selection, b);
-            selection.clear();
-            SL_SelectionUtil::addToSelection(&selection, b);
-        }
-        EXPECT_TRUE(selection.isInBatch());
-        EXPECT_EQ(0, delivered()) << "after the inner scope closed";
+    using S = NodesSelectionTest;
+    using U = SL_SelectionUtil;
+    const std::vector<std::tuple<const char*, std::function<bool(S&)>, bool, const char*, int>> steps {
+        { "clear empty", [](S& t) { return t.selection.clear(), true; }, true, "", 0 },
+        { "add b", [](S& t) { return U::addToSelection(&t.selection, t.b); }, true, "b", 1 },
+        { "add a", [](S& t) { return U::addToSelection(&t.selection, t.a); }, true, "b a", 1 },
+        { "add b again", [](S& t) { return U::addToSelection(&t.selection, t.b); }, false, "b a", 0 },
+        { "is a in", [](S& t) { return U::isIn(&t.selection, t.a); }, true, "b a", 0 },
+        { "remove b", [](S& t) { return U::removeFromSelection(&t.selection, t.b); }, true, "a", 1 },
+        { "remove b again", [](S& t) { return U::removeFromSelection(&t.selection, t.b); }, false, "a", 0 },
+        { "is b in", [](S& t) { return U::isIn(&t.selection, t.b); }, false, "a", 0 },
+        { "add to none", [](S& t) { return U::addToSelection(nullptr, t.a); }, false, "a", 0 },
+        { "add null", [](S& t) { return U::addToSelection(&t.selection, nullptr); }, false, "a", 0 },
+        { "is null in", [](S& t) { return U::isIn(&t.selection, nullptr); }, false, "a", 0 },
+        { "remove from none", [](S& t) { return U::removeFromSelection(nullptr, t.a); }, false, "a", 0 },
+        { "remove null", [](S& t) { return U::removeFromSelection(&t.selection, nullptr); }, false, "a", 0 },
+        { "clear", [](S& t) { return t.selection.clear(), t.selection.isEmpty(); }, true, "", 1 },
+        { "batch",
+            [](S& t) {
+                SL_Selection::BatchSelectionModeScope outer(&t.selection);
+                U::addToSelection(&t.selection, t.a);
+                t.manager.notify();
+                {
+                    SL_Selection::BatchSelectionModeScope inner(&t.selection);
+                    U::addToSelection(&t.selection, t.b);
+                    t.selection.clear();
+                    U::addToSelection(&t.selection, t.b);
+                }
+                t.manager.notify();
+                return t.selection.isInBatch() && t.log.selectionChanges == 0;
+            },
+            true, "b", 1 },
+        { "unchanged batch",
+            [](S& t) {
+                SL_Selection::BatchSelectionModeScope unchanged(&t.selection);
+                return U::addToSelection(&t.selection, t.b);
+            },
+            false, "b", 0 },
+        { "batch of none",
+            [](S& t) { return SL_Selection::BatchSelectionModeScope(nullptr), !t.selection.isInBatch(); },
+            true, "b", 0 },
+    };
+    for (auto const& step : steps) {
+        log.selectionChanges = 0;
+        EXPECT_EQ(std::get<2>(step), std::get<1>(step)(*this)) << std::get<0>(step);
+        EXPECT_EQ(QString(std::get<3>(step)), selected().join(' ')) << std::get<0>(step);
+        EXPECT_EQ(std::get<4>(step), (deliver(), log.selectionChanges)) << std::get<0>(step);
     }
-    EXPECT_FALSE(selection.isInBatch());
-    EXPECT_EQ(1, delivered());
-    EXPECT_THAT(selected(), ElementsAre("b"));
-    {
-        SL_Selection::BatchSelectionModeScope unchanged(&selection);
-        SL_SelectionUtil::addToSelection(&selection, b);
-    }
-    EXPECT_EQ(0, delivered()) << "a batch that changed nothing";
-    SL_Selection::BatchSelectionModeScope nothing(nullptr);
 }
 
 TEST_F(NodesSelectionTest, AnEntryOfARemovedNodeReadsNullAndMatchesNoOtherNode)
