@@ -26,41 +26,33 @@ TEST(BaseMessage, DeliveredOnceWhenTheScopeEndsUnlessDiscarded)
     EXPECT_EQ(capture.count(), 1);
 }
 
-struct ArgCase
+TEST(BaseMessage, ArgsFillMarkersInNumberOrder)
 {
-    char const* format;
-    QStringList values;
-    char const* expected;
-};
-
-class BaseMessageArgs : public ::testing::TestWithParam<ArgCase>
-{
-};
-
-TEST_P(BaseMessageArgs, FillsMarkersInNumberOrder)
-{
-    ArgCase const& c = GetParam();
-    MSG_Text text(c.format, QString::fromUtf8(c.format));
-    for (QString const& value : c.values)
-        text.arg(value);
-    EXPECT_EQ(text.translated(), QString::fromUtf8(c.expected));
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, BaseMessageArgs,
-    ::testing::Values(ArgCase { "%1 and %2", { "a", "b" }, "a and b" },
-        ArgCase { "%2 before %1", { "a", "b" }, "b before a" },
-        ArgCase { "%1 twice %1", { "x" }, "x twice x" },
-        ArgCase { "%1 then %2", { "%2", "b" }, "%2 then b" }, // values are never re-scanned
-        ArgCase { "%1 and %2", { "a" }, "a and %2" }, // missing value keeps the marker
-        ArgCase { "%3 skips", { "a" }, "a skips" }, // lowest marker present comes first
-        ArgCase { "%10 %9", { "a", "b" }, "b a" }, ArgCase { "100% of %1", { "it" }, "100% of it" },
-        ArgCase { "%0 %1", { "a" }, "%0 a" }));
-
-TEST(BaseMessage, NumbersTakeWidthAndBase)
-{
+    struct
+    {
+        char const* format;
+        QStringList values;
+        char const* expected;
+    } const cases[] = {
+        { "%1 and %2", { "a", "b" }, "a and b" },
+        { "%2 before %1", { "a", "b" }, "b before a" },
+        { "%1 twice %1", { "x" }, "x twice x" },
+        { "%1 then %2", { "%2", "b" }, "%2 then b" }, // values are never re-scanned
+        { "%1 and %2", { "a" }, "a and %2" }, // missing value keeps the marker
+        { "%3 skips", { "a" }, "a skips" }, // lowest marker present comes first
+        { "%10 %9", { "a", "b" }, "b a" },
+        { "100% of %1", { "it" }, "100% of it" },
+        { "%0 %1", { "a" }, "%0 a" },
+    };
+    for (auto const& c : cases) {
+        MSG_Text text(c.format, QString::fromUtf8(c.format));
+        for (QString const& value : c.values)
+            text.arg(value);
+        EXPECT_EQ(text.translated(), QString::fromUtf8(c.expected)) << c.format;
+    }
     MSG_Text text("%1|%2|%3", QStringLiteral("%1|%2|%3"));
     text.arg(255u, 0, 16).arg(7u, 3).arg(QStringLiteral("ab"), -4);
-    EXPECT_EQ(text.translated(), QStringLiteral("ff|  7|ab  "));
+    EXPECT_EQ(text.translated(), QStringLiteral("ff|  7|ab  ")) << "numbers take width and base";
 }
 
 TEST(BaseMessage, NestedScopesDeliverInnerFirstAndCapturesNest)

@@ -79,12 +79,6 @@ TEST(BaseMatrix, AssignmentAndSetKeepTheIdentityFlagTrue)
     EXPECT_TRUE(m.isIdentity());
 }
 
-TEST(BasePoint, ComparesExactly)
-{
-    EXPECT_EQ(Math::Point2d(), Math::Point2d(0, 0));
-    EXPECT_NE(Math::Point2d(0.1, -2), Math::Point2d(std::nextafter(0.1, 1.0), -2));
-}
-
 TEST(BaseTranslate, UntranslatedTextsKeepTheirEncoding)
 {
     char const latin1[] = "caf\xe9";

@@ -80,24 +80,26 @@ TEST(EngineSession, projectManagerMakesSavesOpensAndCleans)
     EXPECT_FALSE(projects->saveProject(file, &error));
 }
 
-TEST(EngineSession, releaseProjectDropsWhatIsPending)
-{
-    std::unique_ptr<RecordingSession> session(RecordingSession::create());
-    SC_Project* project = session->projectManager()->newProject();
-    HostAuthoring::insertShot(project, 0, { 2 });
-    EXPECT_TRUE(session->changeManager()->hasPendingChanges());
-    EngineChangeRecorder recorder(*session->changeManager());
-    session->releaseProject();
-    session->changeManager()->notify();
-    EXPECT_TRUE(recorder.lines.isEmpty());
-}
-
-TEST(EngineSession, sessionGoesWithItsOpenProject)
+TEST(EngineSession, releaseDropsWhatIsPendingAndTheSessionGoesWithItsOpenProject)
 {
     std::unique_ptr<RecordingSession> session(RecordingSession::create());
     HostAuthoring::insertShot(session->projectManager()->newProject(), 0, { 2 });
+    EXPECT_TRUE(session->changeManager()->hasPendingChanges());
+    {
+        EngineChangeRecorder recorder(*session->changeManager());
+        session->releaseProject();
+        session->changeManager()->notify();
+        EXPECT_TRUE(recorder.lines.isEmpty());
+    }
+    HostAuthoring::insertShot(session->projectManager()->newProject(), 0, { 2 });
     session.reset(); // the project and its pending changes go first, without harm
-    SUCCEED();
+}
+
+Math::Matrix4x4 shifted(double x, double z)
+{
+    Math::Matrix4x4 matrix;
+    matrix.translate(x, 0, z);
+    return matrix;
 }
 
 TEST(EngineCamera, baseManagerCombinesEmbeddedAndDefaultCameras)
@@ -106,29 +108,21 @@ TEST(EngineCamera, baseManagerCombinesEmbeddedAndDefaultCameras)
     SC_Project* project = session->projectManager()->newProject();
     SC_Id const shot = HostAuthoring::insertShot(project, 0, { 4 });
     TUScene* symbol = HostAuthoring::symbolOf(project, shot);
-    Math::Matrix4x4 projectCamera;
-    projectCamera.translate(0, 0, 10);
+    Math::Matrix4x4 const projectCamera = shifted(0, 10);
     project->projectCommon()->setDefaultCameraMatrix(projectCamera);
-    Math::Matrix4x4 early;
-    early.translate(1, 0, 0);
-    Math::Matrix4x4 late;
-    late.translate(2, 0, 0);
+    Math::Matrix4x4 const early = shifted(1, 0);
+    Math::Matrix4x4 const late = shifted(2, 0);
     symbol->setEmbeddedCameraKey(2.0, early);
     symbol->setEmbeddedCameraKey(5.0, late);
 
-    struct
-    {
-        double frame;
-        Math::Matrix4x4 embedded;
-    } const cases[] = { { 1.0, early }, { 2.0, early }, { 4.9, early }, { 5.0, late }, { 9.0, late } };
     SC_CameraManager const* cameras = session->cameraManager();
-    for (auto const& c : cases) {
+    for (double frame : { 1.0, 2.0, 4.9, 5.0, 9.0 }) {
         Math::Matrix4x4 embedded;
-        symbol->embeddedCameraMatrix(embedded, MO_FrameKey(c.frame, MO_FrameKey::eExact));
-        EXPECT_EQ(embedded, c.embedded) << c.frame;
-        EXPECT_EQ(cameras->globalCameraMatrix(symbol->sceneCommon(), MO_FrameKey(c.frame, 1)),
-            c.embedded * projectCamera)
-            << c.frame;
+        symbol->embeddedCameraMatrix(embedded, MO_FrameKey(frame, MO_FrameKey::eExact));
+        EXPECT_EQ(embedded, frame < 5 ? early : late) << frame;
+        EXPECT_EQ(cameras->globalCameraMatrix(symbol->sceneCommon(), MO_FrameKey(frame, 1)),
+            embedded * projectCamera)
+            << frame;
     }
     Math::Matrix4x4 none;
     project->topScene()->embeddedCameraMatrix(none, MO_FrameKey(3.0, 1));

@@ -236,16 +236,3 @@ TEST_F(NodesXmlTest, ReadNodesJoinTheRootGroupAfterWhatIsThere)
         << error.toStdString();
     EXPECT_EQ(QStringList({ "first", "G", "p" }), walk());
 }
-
-TEST_F(NodesXmlTest, TheProjectFileKeepsTheNetworksOfItsScenes)
-{
-    buildRichNetwork(root());
-    QString error;
-    const UT_SharedPtr<SC_Project> loaded
-        = HostProjectFile::fromXml(HostProjectFile::toXml(project.get()), &error);
-    ASSERT_TRUE(loaded) << error.toStdString();
-    auto* copy = dynamic_cast<TUScene*>(loaded->sceneAt(unsigned(project->indexOf(scene))));
-    ASSERT_NE(nullptr, copy);
-    EXPECT_EQ(networkXml(*common()), networkXml(*copy->sceneCommon()));
-    EXPECT_EQ(describe(root()), describe(copy->getRootGroup()));
-}

@@ -129,25 +129,20 @@ TEST_F(PrefsFile, HandWrittenFileWithCommentsAndCrLfLoads)
     EXPECT_EQ(prefs.getIntValue("c", 0), 4);
 }
 
-class PrefsDamagedFile : public PrefsFile, public ::testing::WithParamInterface<char const*>
+TEST_F(PrefsFile, DamagedFileLeavesTheStoreEmptyAndNamesTheFile)
 {
-};
-
-TEST_P(PrefsDamagedFile, LeavesTheStoreEmptyAndNamesTheLine)
-{
-    writeFile(QByteArray("int good = 1\n") + GetParam());
-    PR_Preference prefs;
-    prefs.setIntValue(key, 1);
-    QSignalSpy spy(&prefs, &PR_Preference::preferenceChanged);
-    EXPECT_FALSE(prefs.load(path()));
-    EXPECT_TRUE(prefs.keys().isEmpty());
-    EXPECT_EQ(spy.count(), 1);
-    EXPECT_TRUE(prefs.errorString().contains(path())) << qPrintable(prefs.errorString());
+    for (char const* line : { "float x = 1\n", "int x = one\n", "bool x = yes\n", "double x = \n",
+             "int x 3\n", "string x = bad \\q escape\n", "string x = cut \\u12\n", "string two words = x\n",
+             "string = nokey\n", "noseparator\n", "string x = \xff\xfe not utf8\n" }) {
+        writeFile(QByteArray("int good = 1\n") + line);
+        PR_Preference prefs;
+        prefs.setIntValue(key, 1);
+        QSignalSpy spy(&prefs, &PR_Preference::preferenceChanged);
+        EXPECT_FALSE(prefs.load(path())) << line;
+        EXPECT_TRUE(prefs.keys().isEmpty()) << line;
+        EXPECT_EQ(spy.count(), 1) << line;
+        EXPECT_TRUE(prefs.errorString().contains(path())) << qPrintable(prefs.errorString());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Lines, PrefsDamagedFile,
-    ::testing::Values("float x = 1\n", "int x = one\n", "bool x = yes\n", "double x = \n", "int x 3\n",
-        "string x = bad \\q escape\n", "string x = cut \\u12\n", "string two words = x\n", "string = nokey\n",
-        "noseparator\n", "string x = \xff\xfe not utf8\n"));
 
 } // namespace
