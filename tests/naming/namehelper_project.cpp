@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace {
 
 using Names = QStringList;
@@ -51,35 +53,146 @@ struct Board
             it->sceneInfo()->name().setFlag(0);
     }
     Names shotNames() { return namesOf(board->beginShot(), board->endShot()); }
-    Names panelNames(size_t i)
+    // The names of the panels of the shot at `i` in the timeline.
+    Names panelNames(unsigned i)
     {
-        return namesOf(board->beginPanel(board.shotAt(i)), board->endPanel(board.shotAt(i)));
+        return namesOf(board->beginPanel(board->getShotByNdx(i)), board->endPanel(board->getShotByNdx(i)));
     }
 
-    // Stored rules by `rule`, in steps of 10 without zeros, that answer instead of the preferences.
-    Rules& overriding(Rules& rules, int rule)
+    // Stored rules by `rule`, in steps of 10, with `zeros` leading zeros (-1: none), that
+    // answer instead of the preferences.
+    Rules& overriding(Rules& rules, int rule, int zeros = -1)
     {
         board->namingRules()->setOverloadingPref(true);
         rules.setAutoIncrementRule(KRC_NamingRules::NameRule_t(rule));
         rules.setAutoIncrementValue(10);
-        rules.setAutomaticLeadingZeros(false);
+        rules.setAutomaticLeadingZeros(zeros >= 0);
+        if (zeros >= 0)
+            rules.setNumberOfZeros(zeros);
         return rules;
     }
     void prefer(const char* key, int value) { prefs->setIntValue(QString::fromLatin1(key), value); }
+    void preferZeros(const char* word)
+    {
+        prefs->setBoolValue(QStringLiteral("ST_%1_NAME_AUTOMATIC_LEADING_ZEROS").arg(word), true);
+    }
+    // Gives the panels of shot 0 the custom names in `custom`, "." for an auto name.
+    void namePanels(const Names& custom)
+    {
+        for (int i = 0; i < custom.size(); ++i) {
+            if (custom[i] != QLatin1String("."))
+                namePanel(0, size_t(i), custom[i]);
+        }
+    }
+
+    // Panels by letter from the preferences, with `zeros` leading zeros (-1: none); then
+    // an overriding record by `rule` with 3 zeros (-1: none).
+    void panelLetters(int zeros, int rule = -1)
+    {
+        prefer("ST_PANEL_NAME_AUTO_INCREMENT_RULE", 1);
+        if (zeros >= 0) {
+            preferZeros("PANEL");
+            prefer("ST_PANEL_NAME_NUMBER_OF_ZEROS", zeros);
+        }
+        if (rule >= 0)
+            overriding(rules().panelRules(), rule, 3);
+    }
+    // Auto-named shots but the second, "X"; the record is made before the shot zeros.
+    KRC_NamingRules& shotXAmongAuto(bool zeros = false)
+    {
+        makeShotsAuto();
+        nameShot(1, "X");
+        KRC_NamingRules& record = rules();
+        if (zeros)
+            preferZeros("SHOT");
+        return record;
+    }
+    // An engine edit, delivered as a host command does.
+    void edit(bool done)
+    {
+        ASSERT_TRUE(done);
+        board.notify();
+    }
 
     ScopedPreferences prefs;
     ProjectBoard board;
 };
 
-TEST(ProjectNames, TheViewGivesItsHelperToEveryShotAndPanel)
+// Names as written in the scenarios: space-separated, "-" for an empty name.
+Names parseNames(const char* text)
 {
-    Board names("S[2,2,2] S[4] T2 S[2,2]");
-    EXPECT_EQ(names.panelNames(0), Names({ "1", "2", "3" }));
-    EXPECT_EQ(names.panelNames(1), Names({ "1" }));
-    EXPECT_EQ(names.panelNames(2), Names({ "1", "2" }));
+    Names names = QString::fromLatin1(text).split(QLatin1Char(' '), QString::SkipEmptyParts);
+    for (QString& name : names) {
+        if (name == QLatin1String("-"))
+            name = QString("");
+    }
+    return names;
+}
+
+// A board, its shot 0's panels custom-named ("." auto, "-" empty), what is then done to
+// it, and the names shown: of all shots, and of the panels shot by shot ("|" between).
+struct Scenario
+{
+    const char *what, *board, *custom;
+    std::function<void(Board&)> edit;
+    const char *shots, *panels;
+};
+
+const Scenario kScenarios[] = {
     // Shots start custom-named; as auto names they count over the whole project.
-    names.makeShotsAuto();
-    EXPECT_EQ(names.shotNames(), Names({ "1", "2", "3" }));
+    { "every shot and panel", "S[2,2,2] S[4] T2 S[2,2]", "", &Board::makeShotsAuto, "1 2 3", "1 2 3|1|1 2" },
+    { "custom names use up places", "S[1,1,1,1]", ". 3 . .", nullptr, nullptr, "1 3 4 5" },
+    { "one auto panel", "S[1]", ".", nullptr, nullptr, "1" },
+    { "a name twice", "S[1,1,1,1]", "1 1 . .", nullptr, nullptr, "1 1 3 4" },
+    { "a taken place's name", "S[1,1,1,1]", ". 1 1 .", nullptr, nullptr, "2 1 1 4" },
+    { "a later place's name", "S[1,1,1,1]", ". . 2 .", nullptr, nullptr, "1 3 2 4" },
+    { "an empty custom name", "S[1,1]", "- .", nullptr, nullptr, "- 2" },
+    { "a letter", "S[1,1,1]", ". B .", nullptr, nullptr, "1 B 3" },
+    { "panel preferences", "S[1,1,1]", "", [](Board& b) { b.panelLetters(-1); }, nullptr, "A B C" },
+    { "with zeros", "S[1,1,1]", "", [](Board& b) { b.panelLetters(2); }, nullptr, "0A 0B 0C" },
+    { "an overriding record", "S[1,1,1]", "", [](Board& b) { b.panelLetters(2, 0); }, nullptr,
+        "001 002 003" },
+    // The by-N rule numbers by place too: multiples only arise in proposals.
+    { "a by-N record", "S[1,1,1]", "", [](Board& b) { b.panelLetters(-1, 4); }, nullptr, "001 002 003" },
+    { "shots count every shot", "S[1] S[1] S[1] S[1]", "", [](Board& b) { b.shotXAmongAuto(); }, "1 X 3 4",
+        nullptr },
+    { "shot zeros", "S[1] S[1] S[1] S[1]", "", [](Board& b) { b.shotXAmongAuto(true); }, "01 X 03 04",
+        nullptr },
+    // An override freezes the snapshot taken when the record was made, before the zeros.
+    { "the record's snapshot", "S[1] S[1] S[1] S[1]", "",
+        [](Board& b) { b.overriding(b.shotXAmongAuto(true).sequenceRules(), 1); }, "1 X 3 4", nullptr },
+    { "a panel inserted", "S[2,2,2] S[2,2]", ". . last",
+        [](Board& b) { b.edit(HostAuthoring::insertPanel(b.board.project(), b.shot(0), 0, 3).value()); },
+        nullptr, "1 2 3 last|1 2" },
+    { "shots removed and inserted", "S[2,2,2] S[2,2]", "",
+        [](Board& b) {
+            b.edit(HostAuthoring::removeShot(b.board.project(), b.shot(0))
+                && HostAuthoring::insertShot(b.board.project(), 1, { 4 }).value());
+            b.makeShotsAuto();
+        },
+        "1 2", "1 2|1" },
+};
+
+TEST(ProjectNames, AutoNamesAroundCustomNamesUnderPreferencesRecordsAndEdits)
+{
+    for (const Scenario& s : kScenarios) {
+        SCOPED_TRACE(s.what);
+        Board names(s.board);
+        names.namePanels(parseNames(s.custom));
+        if (s.edit)
+            s.edit(names);
+        if (s.shots) {
+            EXPECT_EQ(names.shotNames(), parseNames(s.shots));
+        }
+        const QStringList panels = QString::fromLatin1(s.panels ? s.panels : "").split(QLatin1Char('|'));
+        for (int i = 0; s.panels && i < panels.size(); ++i)
+            EXPECT_EQ(names.panelNames(unsigned(i)), parseNames(qPrintable(panels[i]))) << "shot " << i;
+    }
+}
+
+TEST(ProjectNames, TheHelperNamesByPlaceAndFindsTheInvalidPanel)
+{
+    Board names("S[2,2,2] S[4]");
     // An invalid panel has an empty name from the helper, a null one from its handle.
     const QString invalid = names.helper().getPanelName(Krolle::Panel_t::invalid);
     EXPECT_TRUE(!invalid.isNull() && invalid.isEmpty());
@@ -91,30 +204,13 @@ TEST(ProjectNames, TheViewGivesItsHelperToEveryShotAndPanel)
     EXPECT_EQ(Names({ names.helper().getPanelName(0, taken), names.helper().getPanelName(1, taken),
                   names.helper().getPanelName(4, {}) }),
         Names({ "1", "4", "5" }));
-}
-
-// Makes a one-shot board whose panels are custom-named where `custom` says ("." auto).
-std::unique_ptr<Board> panelsNamed(const Names& custom)
-{
-    auto board = std::make_unique<Board>(
-        qPrintable(QStringLiteral("S[%1]").arg(QStringLiteral(",1").repeated(custom.size()).mid(1))));
-    for (int i = 0; i < custom.size(); ++i) {
-        if (custom[i] != QLatin1String("."))
-            board->namePanel(0, size_t(i), custom[i] == QLatin1String("-") ? QString("") : custom[i]);
-    }
-    return board;
-}
-
-TEST(ProjectNames, CustomNamesUseUpPlacesAndNamesOfAutoPanels)
-{
-    // Per panel: "." auto-named, otherwise its custom name ("-" empty); then the names shown.
-    const std::pair<Names, Names> rows[] = { { { ".", "3", ".", "." }, { "1", "3", "4", "5" } },
-        { { "." }, { "1" } }, { { "1", "1", ".", "." }, { "1", "1", "3", "4" } },
-        { { ".", "1", "1", "." }, { "2", "1", "1", "4" } },
-        { { ".", ".", "2", "." }, { "1", "3", "2", "4" } }, { { "-", "." }, { "", "2" } },
-        { { ".", "B", "." }, { "1", "B", "3" } } };
-    for (const auto& [custom, expected] : rows)
-        EXPECT_EQ(panelsNamed(custom)->panelNames(0), expected) << qPrintable(custom.join(' '));
+    // Shot, act and sequence names by place take their own rules.
+    names.preferZeros("SHOT");
+    const KRC_NameHelper& helper = names.helper();
+    EXPECT_EQ(Names({ helper.getSceneName(0), helper.getActName(41), helper.getSequenceName(1) }),
+        Names({ "01", "42", "2" }));
+    names.overriding(names.rules().sequenceRules(), 1);
+    EXPECT_EQ(helper.getSequenceName(1), QStringLiteral("B"));
 }
 
 TEST(ProjectNames, CustomNamesAnywhereGiveTheNamesOfTheTwoPasses)
@@ -125,7 +221,8 @@ TEST(ProjectNames, CustomNamesAnywhereGiveTheNamesOfTheTwoPasses)
         Names custom;
         for (int i = 0; i < 7; ++i, seed = seed * 1103515245u + 12345u)
             custom << QLatin1String(choices[(seed >> 16) % 9]);
-        auto board = panelsNamed(custom);
+        auto board = std::make_unique<Board>("S[1,1,1,1,1,1,1]");
+        board->namePanels(custom);
         if (round % 2)
             board->prefer("ST_PANEL_NAME_AUTO_INCREMENT_RULE", 1);
         // The long way: every auto panel takes the name of its place that no other panel has.
@@ -181,61 +278,6 @@ TEST(ProjectNames, NamesAndRulesSurviveASaveAndReload)
     EXPECT_TRUE(*view.namingRules() == names.rules());
     EXPECT_EQ(namesOf(view.beginShot(), view.endShot()), Names({ "1", "SH" }));
     EXPECT_EQ(namesOf(view.beginPanel(), view.endPanel()), Names({ "0A", "B", "0C", "0A", "0B" }));
-}
-
-TEST(ProjectNames, PanelNamesFollowThePreferencesThenTheOverridingRecord)
-{
-    Board names("S[1,1,1]");
-    names.prefer("ST_PANEL_NAME_AUTO_INCREMENT_RULE", 1);
-    EXPECT_EQ(names.panelNames(0), Names({ "A", "B", "C" }));
-    names.prefs->setBoolValue(QStringLiteral("ST_PANEL_NAME_AUTOMATIC_LEADING_ZEROS"), true);
-    names.prefer("ST_PANEL_NAME_NUMBER_OF_ZEROS", 2);
-    EXPECT_EQ(names.panelNames(0), Names({ "0A", "0B", "0C" }));
-
-    Rules& panels = names.overriding(names.rules().panelRules(), 0);
-    panels.setAutomaticLeadingZeros(true);
-    panels.setNumberOfZeros(3);
-    EXPECT_EQ(names.panelNames(0), Names({ "001", "002", "003" }));
-    // The by-N rule numbers by place too: multiples only arise in proposals.
-    panels.setAutoIncrementRule(KRC_NamingRules::Rule_ByN);
-    EXPECT_EQ(names.panelNames(0), Names({ "001", "002", "003" }));
-}
-
-TEST(ProjectNames, ShotNamesCountEveryShotAndTakeTheShotRules)
-{
-    Board names("S[1] S[1] S[1] S[1]");
-    names.makeShotsAuto();
-    names.nameShot(1, "X");
-    EXPECT_EQ(names.shotNames(), Names({ "1", "X", "3", "4" }));
-    names.prefs->setBoolValue(QStringLiteral("ST_SHOT_NAME_AUTOMATIC_LEADING_ZEROS"), true);
-    EXPECT_EQ(names.shotNames(), Names({ "01", "X", "03", "04" }));
-    const KRC_NameHelper& helper = names.helper();
-    EXPECT_EQ(Names({ helper.getSceneName(0), helper.getActName(41), helper.getSequenceName(1) }),
-        Names({ "01", "42", "2" }));
-    names.overriding(names.rules().sequenceRules(), 1);
-    EXPECT_EQ(helper.getSequenceName(1), QStringLiteral("B"));
-    // The override froze the snapshot taken when the record was made, before the
-    // preference for zeros was set.
-    EXPECT_EQ(names.shotNames(), Names({ "1", "X", "3", "4" }));
-}
-
-TEST(ProjectNames, AutoNamesRenumberAfterEdits)
-{
-    Board names("S[2,2,2] S[2,2]");
-    names.makeShotsAuto();
-    names.namePanel(0, 2, QStringLiteral("last"));
-    SC_Project* project = names.board.project();
-
-    ASSERT_NE(HostAuthoring::insertPanel(project, names.shot(0), 0, 3), SC_Id());
-    names.board.notify();
-    EXPECT_EQ(names.panelNames(0), Names({ "1", "2", "3", "last" }));
-
-    ASSERT_TRUE(HostAuthoring::removeShot(project, names.shot(0)));
-    ASSERT_NE(HostAuthoring::insertShot(project, 1, { 4 }), SC_Id());
-    names.board.notify();
-    names.makeShotsAuto();
-    EXPECT_EQ(names.shotNames(), Names({ "1", "2" }));
-    EXPECT_EQ(names.board->getShotByID(names.shot(1)).name(), QStringLiteral("1"));
 }
 
 TEST(ProjectProposals, NewShotsAndShotsThatFollowTheRules)

@@ -51,7 +51,7 @@ template <class Handle> bool sharePrivate(Handle const& a, Handle const& b)
 
 } // namespace
 
-TEST(InvalidHandles, AnswerEmptyValuesWithoutAMessage)
+TEST(InvalidHandles, AnswerEmptyValuesWithoutAMessageAndShareTheStatics)
 {
     testing::internal::CaptureStdout();
     EXPECT_TRUE(Shot_t().isInvalid());
@@ -77,16 +77,13 @@ TEST(InvalidHandles, AnswerEmptyValuesWithoutAMessage)
     EXPECT_TRUE(PanelTrans_t::invalid.isInvalid());
     EXPECT_EQ(invalidId, PanelTrans_t::invalid.id());
     EXPECT_EQ("", testing::internal::GetCapturedStdout());
-}
 
-TEST(InvalidHandles, DefaultHandlesShareTheStaticInstances)
-{
+    // Default handles share the static instances.
     EXPECT_TRUE(sharePrivate(Shot_t(), Shot_t::invalid));
     EXPECT_TRUE(sharePrivate(Panel_t(), Panel_t::invalid));
     EXPECT_TRUE(sharePrivate(Trans_t(), Trans_t::invalid));
     EXPECT_TRUE(sharePrivate(Panel_t::invalid.shot(), Shot_t::invalid));
-    SharedPtr<ShotPrivate> fromNull(static_cast<ShotPrivate*>(nullptr));
-    EXPECT_TRUE(fromNull.isInvalid());
+    EXPECT_TRUE(SharedPtr<ShotPrivate>(static_cast<ShotPrivate*>(nullptr)).isInvalid());
 }
 
 TEST(ShotFrames, ClampPastTheBlockWithoutAskingTheWarp)
@@ -107,6 +104,13 @@ TEST(ShotFrames, ClampPastTheBlockWithoutAskingTheWarp)
     EXPECT_EQ(5u, shot.prjFrameToTvFrame(1));
     EXPECT_EQ(24u, shot.prjFrameToTvFrame(20));
     EXPECT_EQ(20u, shot.objNumOfFrame());
+
+    // Sequence frames below zero stay at zero.
+    auto const early = warpBlock(1, 10, -3.5, 6.5, &calls);
+    Shot_t const below(early.get(), nullptr, nullptr);
+    EXPECT_EQ(0u, below.prjFrameToTvFrame(1));
+    EXPECT_EQ(0u, below.prjFrameToTvFrame(5)); // 0.5, truncated
+    EXPECT_EQ(1u, below.prjFrameToTvFrame(6));
 }
 
 TEST(ShotFrames, WithoutAWarpTheTwoMapsDiffer)
@@ -120,61 +124,38 @@ TEST(ShotFrames, WithoutAWarpTheTwoMapsDiffer)
     EXPECT_EQ(SC_Id(3), shot.id());
 }
 
-TEST(ShotFrames, SequenceFramesBelowZeroStayAtZero)
-{
-    int calls = 0;
-    auto const block = warpBlock(1, 10, -3.5, 6.5, &calls);
-    Shot_t const shot(block.get(), nullptr, nullptr);
-    EXPECT_EQ(0u, shot.prjFrameToTvFrame(1));
-    EXPECT_EQ(0u, shot.prjFrameToTvFrame(5)); // 0.5, truncated
-    EXPECT_EQ(1u, shot.prjFrameToTvFrame(6));
-}
-
 // Panels of "S[4,6] S[3,5]": shot 2 covers project frames 11-18 and shows its symbol
 // frames 1-8; its second panel is symbol frames 4-8, panel frames 1-5.
-struct PanelFrameCase
+TEST(PanelFrames, FollowTheShotsWarp)
 {
-    char const* what;
-    size_t shot;
-    size_t panel;
-    unsigned first, last, relativeFirst, relativeLast;
-    bool firstOfShot, lastOfShot;
-};
-
-class PanelFrames : public testing::TestWithParam<PanelFrameCase>
-{
-};
-
-TEST_P(PanelFrames, FollowTheShotsWarp)
-{
-    PanelFrameCase const& c = GetParam();
     ProjectBoard board(QStringLiteral("S[4,6] S[3,5]"));
-    Shot_t const shot = board->getShotAt(c.shot == 0 ? 1 : 11, KRC_KrolleProject::PreferPrevious);
-    Panel_t const panel = board->getPanelIn(shot, c.panel == 0 ? 1 : c.relativeFirst);
-    ASSERT_EQ(board.panel(c.shot, c.panel), panel.id());
-    EXPECT_EQ(c.first, panel.firstFrame());
-    EXPECT_EQ(c.last, panel.lastFrame());
-    EXPECT_EQ(c.relativeFirst, panel.relativeFirstFrame());
-    EXPECT_EQ(c.relativeLast, panel.relativeLastFrame());
-    EXPECT_EQ(c.firstOfShot, panel.isFirstOfShot());
-    EXPECT_EQ(c.lastOfShot, panel.isLastOfShot());
-    EXPECT_EQ(!c.lastOfShot, panel.hasMoreKRPanelInCurKRScene(true));
-    EXPECT_EQ(!c.firstOfShot, panel.hasMoreKRPanelInCurKRScene(false));
-    EXPECT_EQ(c.last - c.first + 1, panel.objNumOfFrame());
-    // Round trip through the panel's own frames.
-    EXPECT_EQ(1.0, panel.projectFrameToPanelFrame(c.first));
-    EXPECT_EQ(c.last, panel.panelFrameToProjectFrame(panel.projectFrameToPanelFrame(c.last)));
-    EXPECT_EQ(c.first, panel.panelFrameToProjectFrame(0.0)); // clamped to the block
+    struct
+    {
+        size_t shot, panel;
+        unsigned first, last, relativeFirst, relativeLast;
+        bool firstOfShot, lastOfShot;
+    } const cases[] = { { 0, 0, 1, 4, 1, 4, true, false }, { 0, 1, 5, 10, 5, 10, false, true },
+        { 1, 0, 11, 13, 1, 3, true, false }, { 1, 1, 14, 18, 4, 8, false, true } };
+    for (auto const& c : cases) {
+        SCOPED_TRACE(testing::Message() << "panel " << c.shot << "." << c.panel);
+        Shot_t const shot = board->getShotAt(c.shot == 0 ? 1 : 11, KRC_KrolleProject::PreferPrevious);
+        Panel_t const panel = board->getPanelIn(shot, c.panel == 0 ? 1 : c.relativeFirst);
+        ASSERT_EQ(board.panel(c.shot, c.panel), panel.id());
+        EXPECT_EQ(c.first, panel.firstFrame());
+        EXPECT_EQ(c.last, panel.lastFrame());
+        EXPECT_EQ(c.relativeFirst, panel.relativeFirstFrame());
+        EXPECT_EQ(c.relativeLast, panel.relativeLastFrame());
+        EXPECT_EQ(c.firstOfShot, panel.isFirstOfShot());
+        EXPECT_EQ(c.lastOfShot, panel.isLastOfShot());
+        EXPECT_EQ(!c.lastOfShot, panel.hasMoreKRPanelInCurKRScene(true));
+        EXPECT_EQ(!c.firstOfShot, panel.hasMoreKRPanelInCurKRScene(false));
+        EXPECT_EQ(c.last - c.first + 1, panel.objNumOfFrame());
+        // Round trip through the panel's own frames.
+        EXPECT_EQ(1.0, panel.projectFrameToPanelFrame(c.first));
+        EXPECT_EQ(c.last, panel.panelFrameToProjectFrame(panel.projectFrameToPanelFrame(c.last)));
+        EXPECT_EQ(c.first, panel.panelFrameToProjectFrame(0.0)); // clamped to the block
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Handles, PanelFrames,
-    testing::Values(PanelFrameCase { "first panel", 0, 0, 1, 4, 1, 4, true, false },
-        PanelFrameCase { "second panel", 0, 1, 5, 10, 5, 10, false, true },
-        PanelFrameCase { "first of shot 2", 1, 0, 11, 13, 1, 3, true, false },
-        PanelFrameCase { "last of shot 2", 1, 1, 14, 18, 4, 8, false, true }),
-    [](testing::TestParamInfo<PanelFrameCase> const& info) {
-        return QString::fromLatin1(info.param.what).replace(QLatin1Char(' '), QLatin1Char('_')).toStdString();
-    });
 
 TEST(PanelFrames, ShotAndPanelNumberingsMeetInTheSymbol)
 {
@@ -234,7 +215,7 @@ TEST(SceneId, ABlockOfAnotherKindIsReportedOnStandardOutput)
     EXPECT_EQ(board.shot(0), real.sceneId());
 }
 
-TEST(TransitionFields, ABlockWithoutASequenceReadsAsNoTransition)
+TEST(TransitionFields, ReadLazilyAndABlockWithoutASequenceIsNoTransition)
 {
     auto const empty = std::make_unique<AT_FrameBlock>(3, 8, nullptr);
     Trans_t const bare(empty.get());
@@ -243,10 +224,8 @@ TEST(TransitionFields, ABlockWithoutASequenceReadsAsNoTransition)
     EXPECT_EQ(-1, bare.type());
     EXPECT_EQ(3u, bare.firstFrame());
     EXPECT_EQ(6u, bare.objNumOfFrame());
-}
 
-TEST(TransitionFields, TheNameIsReadOnceForAllCopies)
-{
+    // The name is read once for all copies; the plain fields each time.
     auto const block = transitionBlock(9);
     Trans_t const transition(block.get());
     Trans_t const copy = transition;
@@ -255,7 +234,7 @@ TEST(TransitionFields, TheNameIsReadOnceForAllCopies)
     EXPECT_TRUE(transition.reverse());
     AT_TransitionSeq::toTransition(block->seq())->type = AT_TransitionSeq::eSlide;
     EXPECT_EQ(QStringLiteral("Wipe"), transition.name());
-    EXPECT_EQ(AT_TransitionSeq::eSlide, transition.type()); // the plain fields are read each time
+    EXPECT_EQ(AT_TransitionSeq::eSlide, transition.type());
     EXPECT_EQ(QStringLiteral("Slide"), Trans_t(block.get()).name());
 }
 

@@ -77,60 +77,49 @@ struct At
     int shot, panel;
 };
 
-struct PanelSteps
-{
-    At at, next, prev, firstInShot, lastInShot, firstInAct, lastInAct, firstInSequence, lastInSequence,
-        firstInPrevSequence, firstInNextSequence;
-    unsigned actLength, sequenceLength;
-};
-
-// Panels in walk order: 0.0 0.1 1.0 2.0 2.1 3.0 4.0 4.1.
-PanelSteps const kPanelSteps[] = {
-    { { 0, 0 }, { 0, 1 }, { -1, 0 }, { 0, 0 }, { 0, 1 }, { 0, 0 }, { 2, 1 }, { 0, 0 }, { 1, 0 }, { -1, 0 },
-        { 2, 0 }, 5, 3 },
-    { { 0, 1 }, { 1, 0 }, { 0, 0 }, { 0, 0 }, { 0, 1 }, { 0, 0 }, { 2, 1 }, { 0, 0 }, { 1, 0 }, { -1, 0 },
-        { 2, 0 }, 5, 3 },
-    { { 1, 0 }, { 2, 0 }, { 0, 1 }, { 1, 0 }, { 1, 0 }, { 0, 0 }, { 2, 1 }, { 0, 0 }, { 1, 0 }, { -1, 0 },
-        { 2, 0 }, 5, 3 },
-    { { 2, 0 }, { 2, 1 }, { 1, 0 }, { 2, 0 }, { 2, 1 }, { 0, 0 }, { 2, 1 }, { 2, 0 }, { 3, 0 }, { 0, 0 },
-        { 4, 0 }, 5, 3 },
-    { { 2, 1 }, { 3, 0 }, { 2, 0 }, { 2, 0 }, { 2, 1 }, { 0, 0 }, { 2, 1 }, { 2, 0 }, { 3, 0 }, { 0, 0 },
-        { 4, 0 }, 5, 3 },
-    { { 3, 0 }, { 4, 0 }, { 2, 1 }, { 3, 0 }, { 3, 0 }, { 3, 0 }, { 4, 1 }, { 2, 0 }, { 3, 0 }, { 0, 0 },
-        { 4, 0 }, 3, 3 },
-    { { 4, 0 }, { 4, 1 }, { 3, 0 }, { 4, 0 }, { 4, 1 }, { 3, 0 }, { 4, 1 }, { 4, 0 }, { 4, 1 }, { 2, 0 },
-        { -1, 0 }, 3, 2 },
-    { { 4, 1 }, { -1, 0 }, { 4, 0 }, { 4, 0 }, { 4, 1 }, { 3, 0 }, { 4, 1 }, { 4, 0 }, { 4, 1 }, { 2, 0 },
-        { -1, 0 }, 3, 2 },
+// Per panel, in walk order: the panel, then next, prev, firstInShot, lastInShot,
+// firstInAct, lastInAct, firstInSequence, lastInSequence, firstInPrevSequence,
+// firstInNextSequence ("-" none), then the act and sequence lengths in panels.
+char const* const kPanelSteps[] = {
+    "0.0 0.1 -   0.0 0.1 0.0 2.1 0.0 1.0 -   2.0 5 3",
+    "0.1 1.0 0.0 0.0 0.1 0.0 2.1 0.0 1.0 -   2.0 5 3",
+    "1.0 2.0 0.1 1.0 1.0 0.0 2.1 0.0 1.0 -   2.0 5 3",
+    "2.0 2.1 1.0 2.0 2.1 0.0 2.1 2.0 3.0 0.0 4.0 5 3",
+    "2.1 3.0 2.0 2.0 2.1 0.0 2.1 2.0 3.0 0.0 4.0 5 3",
+    "3.0 4.0 2.1 3.0 3.0 3.0 4.1 2.0 3.0 0.0 4.0 3 3",
+    "4.0 4.1 3.0 4.0 4.1 3.0 4.1 4.0 4.1 2.0 -   3 2",
+    "4.1 -   4.0 4.0 4.1 3.0 4.1 4.0 4.1 2.0 -   3 2",
 };
 
 TEST_P(Navigation, PanelsStepWithinAndAcrossShots)
 {
     KRC_KrolleProject const& view = board.view();
-    auto const id
-        = [&](At at) { return at.shot < 0 ? invalidId : board.panel(size_t(at.shot), size_t(at.panel)); };
-    for (PanelSteps const& c : kPanelSteps) {
-        SCOPED_TRACE(testing::Message() << "panel " << c.at.shot << "." << c.at.panel);
-        Panel_t const p = board.panelAt(size_t(c.at.shot), size_t(c.at.panel));
+    auto const id = [&](QString const& at) {
+        return at == QLatin1String("-") ? invalidId
+                                        : board.panel(at.section(QLatin1Char('.'), 0, 0).toUInt(),
+                                            at.section(QLatin1Char('.'), 1).toUInt());
+    };
+    for (char const* row : kPanelSteps) {
+        SCOPED_TRACE(row);
+        QStringList const c = QString::fromLatin1(row).split(QLatin1Char(' '), QString::SkipEmptyParts);
+        Panel_t const p = view.getPanelByID(id(c[0]));
         ASSERT_TRUE(p.isValid());
-        EXPECT_EQ(id(c.next), view.next(p).id());
-        EXPECT_EQ(id(c.prev), view.prev(p).id());
-        EXPECT_EQ(id(c.firstInShot), view.firstInShot(p).id());
-        EXPECT_EQ(id(c.lastInShot), view.lastInShot(p).id());
-        EXPECT_EQ(id(c.firstInAct), view.firstInAct(p).id());
-        EXPECT_EQ(id(c.lastInAct), view.lastInAct(p).id());
-        EXPECT_EQ(id(c.firstInSequence), view.firstInSequence(p).id());
-        EXPECT_EQ(id(c.lastInSequence), view.lastInSequence(p).id());
-        EXPECT_EQ(id(c.firstInPrevSequence), view.firstInPrevSequence(p).id());
-        EXPECT_EQ(id(c.firstInNextSequence), view.firstInNextSequence(p).id());
-        EXPECT_EQ(c.actLength, view.numOfKRPanelsInCurKRAct(p));
-        EXPECT_EQ(c.sequenceLength, view.numOfKRPanelsInCurKRSequence(p));
+        using Step = Panel_t (KRC_KrolleProject::*)(Panel_t const&) const;
+        Step const steps[] = { &KRC_KrolleProject::next, &KRC_KrolleProject::prev,
+            &KRC_KrolleProject::firstInShot, &KRC_KrolleProject::lastInShot, &KRC_KrolleProject::firstInAct,
+            &KRC_KrolleProject::lastInAct, &KRC_KrolleProject::firstInSequence,
+            &KRC_KrolleProject::lastInSequence, &KRC_KrolleProject::firstInPrevSequence,
+            &KRC_KrolleProject::firstInNextSequence };
+        for (int i = 0; i < 10; ++i)
+            EXPECT_EQ(id(c[i + 1]), (view.*steps[i])(p).id()) << "step " << i;
+        EXPECT_EQ(c[11].toUInt(), view.numOfKRPanelsInCurKRAct(p));
+        EXPECT_EQ(c[12].toUInt(), view.numOfKRPanelsInCurKRSequence(p));
         EXPECT_EQ(view.next(p).isValid() && view.next(p).actName() == p.actName(),
             view.hasMoreKRPanelInCurKRAct(p, true));
         EXPECT_EQ(view.prev(p).isValid() && view.prev(p).sequenceName() == p.sequenceName(),
             view.hasMoreKRPanelInCurKRSequence(p, false));
-        EXPECT_EQ(id({ 0, 0 }), view.first(p).id());
-        EXPECT_EQ(id({ 4, 1 }), view.last(p).id());
+        EXPECT_EQ(id(QStringLiteral("0.0")), view.first(p).id());
+        EXPECT_EQ(id(QStringLiteral("4.1")), view.last(p).id());
     }
 }
 
