@@ -257,13 +257,4 @@ TEST(Edits, TheViewFollowsEveryEditAfterNotify)
     EXPECT_EQ(0, messages.count());
 }
 
-TEST(ProjectAccessors, AViewWithoutAProjectFindsNothing)
-{
-    KRC_KrolleProject empty(nullptr);
-    EXPECT_EQ(nullptr, empty.topSceneTv());
-    EXPECT_TRUE(empty.getShotAt(1, Prev).isInvalid());
-    EXPECT_TRUE(empty.getPanelTransAt(1).isInvalid());
-    EXPECT_TRUE(empty.name().isNull());
-}
-
 } // namespace

@@ -29,7 +29,7 @@ struct TextRecord
     std::function<QString(KRC_KrolleProject const&)> value;
 };
 
-TEST(ProjectRecords, TextRecordsAreMadeOnceOnFirstRead)
+TEST(ProjectRecords, TextAndStartTimeRecordsAreMadeOnceOnFirstRead)
 {
     ProjectBoard board(QStringLiteral("S[2]"));
     TextRecord const records[] = {
@@ -51,11 +51,6 @@ TEST(ProjectRecords, TextRecordsAreMadeOnceOnFirstRead)
         EXPECT_EQ(record, r.record(board.view()));
         EXPECT_EQ(1, recordsNamed(board.project(), name));
     }
-}
-
-TEST(ProjectRecords, TheStartTimeRecordIsMadeOnFirstRead)
-{
-    ProjectBoard board(QStringLiteral("S[2]"));
     EXPECT_EQ(0, board->startTime());
     EXPECT_EQ(1, recordsNamed(board.project(), QStringLiteral("projectStartTime")));
 }
@@ -75,9 +70,13 @@ TEST(ProjectRecords, TheFirstFilmWidthReadFixesTheDefault)
     EXPECT_EQ(1.4173228346456694, board->filmWidth());
 }
 
-TEST(ProjectRecords, WithoutAProjectTheValuesAreEmpty)
+TEST(ProjectRecords, AViewWithoutAProjectHasEmptyValuesAndFindsNothing)
 {
     KRC_KrolleProject view(nullptr);
+    EXPECT_EQ(nullptr, view.topSceneTv());
+    EXPECT_TRUE(view.getShotAt(1, KRC_KrolleProject::PreferPrevious).isInvalid());
+    EXPECT_TRUE(view.getPanelTransAt(1).isInvalid());
+    EXPECT_TRUE(view.name().isNull());
     EXPECT_EQ(nullptr, view.titleMeta());
     EXPECT_TRUE(view.title().isNull());
     EXPECT_EQ(0, view.startTime());

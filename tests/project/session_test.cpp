@@ -84,18 +84,6 @@ TEST(ChangeManager, SignalsStandInTheirFixedOrder)
         names);
 }
 
-TEST(ChangeManager, PostingDeliversNothingUntilNotify)
-{
-    KRC_SceneChangeManager manager;
-    EventLog log(manager);
-    postAllInReverse(manager);
-    EXPECT_TRUE(log.lines.isEmpty());
-    manager.notify();
-    EXPECT_EQ(kAllInOrder, log.take());
-    manager.notify();
-    EXPECT_TRUE(log.lines.isEmpty());
-}
-
 TEST(ChangeManager, RangesKeepDuplicatesAndFlagsDoNot)
 {
     KRC_SceneChangeManager manager;
@@ -111,10 +99,16 @@ TEST(ChangeManager, RangesKeepDuplicatesAndFlagsDoNot)
     EXPECT_EQ(1, resized.count());
 }
 
-TEST(ChangeManager, HeldNotificationKeepsEverythingPendingAndClearDropsResizeAndRanges)
+TEST(ChangeManager, NotifyDeliversInOrderUnlessHeldAndClearDropsResizeAndRanges)
 {
     KRC_SceneChangeManager manager;
     EventLog log(manager);
+    postAllInReverse(manager);
+    EXPECT_TRUE(log.lines.isEmpty());
+    manager.notify();
+    EXPECT_EQ(kAllInOrder, log.take());
+    manager.notify();
+    EXPECT_TRUE(log.lines.isEmpty());
     {
         TUSceneChangeManager::HoldScope hold(&manager);
         postAllInReverse(manager);
@@ -123,7 +117,6 @@ TEST(ChangeManager, HeldNotificationKeepsEverythingPendingAndClearDropsResizeAnd
     }
     manager.notify();
     EXPECT_EQ(kAllInOrder, log.take());
-
     postAllInReverse(manager);
     manager.clear();
     manager.notify();
@@ -203,17 +196,12 @@ TEST(Session, OpensAndReleasesAView)
     EXPECT_EQ(nullptr, session->projectManager()->currentProject());
 }
 
-TEST(Session, ReleaseWithoutAViewStillCleansTheProjectManager)
+TEST(Session, ReleaseWithoutAViewCleansTheProjectManagerAndDeletingDeletesAnOpenView)
 {
-    std::unique_ptr<KRC_SessionContext> session(KRC_SessionContext::createSessionContext(nullptr, nullptr));
+    KRC_SessionContext* session = KRC_SessionContext::createSessionContext(nullptr, nullptr);
     ASSERT_NE(nullptr, session->projectManager()->newProject());
     session->releaseProject();
     EXPECT_EQ(nullptr, session->projectManager()->currentProject());
-}
-
-TEST(Session, DeletingTheSessionDeletesAnOpenView)
-{
-    KRC_SessionContext* session = KRC_SessionContext::createSessionContext(nullptr, nullptr);
     SC_Project* project = session->projectManager()->newProject();
     QPointer<KRC_KrolleProject> view = session->createKrolleProject(project);
     ASSERT_FALSE(view.isNull());
