@@ -35,7 +35,7 @@ protected:
 };
 using BaseWeakPtr = BaseSharedPtr;
 
-TEST_F(BaseSharedPtr, LastReferenceDeletesAndRawPointersShareOneCount)
+TEST_F(BaseSharedPtr, LastReferenceDeletesAndCopiesMovesAndRawPointersShareOneCount)
 {
     auto* object = new Tracked(&deaths);
     EXPECT_EQ(object->refCount(), 0);
@@ -48,6 +48,21 @@ TEST_F(BaseSharedPtr, LastReferenceDeletesAndRawPointersShareOneCount)
     EXPECT_EQ(deaths, 0);
     first = nullptr;
     EXPECT_EQ(deaths, 1);
+
+    // Assignment, move and self-assignment keep counts right.
+    UT_SharedPtr<Tracked> a(new Tracked(&deaths));
+    UT_SharedPtr<Tracked> const& alias = a;
+    a = alias;
+    a = a.get();
+    EXPECT_EQ(a->refCount(), 1);
+    UT_SharedPtr<Tracked> moved(std::move(a));
+    EXPECT_TRUE(a.isNull());
+    UT_SharedPtr<Tracked> other(new Tracked(&deaths));
+    other = std::move(moved);
+    EXPECT_EQ(deaths, 2);
+    EXPECT_EQ(other->refCount(), 1);
+    other.reset();
+    EXPECT_EQ(deaths, 3);
 }
 
 TEST_F(BaseSharedPtr, CopyOfObjectHasItsOwnCountAndIsANewWeakTarget)
@@ -64,23 +79,6 @@ TEST_F(BaseSharedPtr, CopyOfObjectHasItsOwnCountAndIsANewWeakTarget)
         EXPECT_EQ(toCopy.get(), &copy);
     }
     EXPECT_EQ(toOriginal.get(), original.get());
-}
-
-TEST_F(BaseSharedPtr, AssignmentMoveAndSelfAssignmentKeepCountsRight)
-{
-    UT_SharedPtr<Tracked> a(new Tracked(&deaths));
-    UT_SharedPtr<Tracked> const& alias = a;
-    a = alias;
-    a = a.get();
-    EXPECT_EQ(a->refCount(), 1);
-    UT_SharedPtr<Tracked> moved(std::move(a));
-    EXPECT_TRUE(a.isNull());
-    UT_SharedPtr<Tracked> other(new Tracked(&deaths));
-    other = std::move(moved);
-    EXPECT_EQ(deaths, 1);
-    EXPECT_EQ(other->refCount(), 1);
-    other.reset();
-    EXPECT_EQ(deaths, 2);
 }
 
 TEST_F(BaseSharedPtr, CastsShareTheCountAndComparisonIsByAddress)

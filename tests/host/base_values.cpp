@@ -65,27 +65,14 @@ TEST(BaseMatrix, TranslateActsInTheMatrixOwnFrame)
     Math::Matrix4x4 still;
     still.translate(0, 0, 0);
     EXPECT_TRUE(still.isIdentity());
-}
 
-TEST(BaseMatrix, AssignmentAndSetKeepTheIdentityFlagTrue)
-{
-    Math::Matrix4x4 m;
-    m.translate(1, 2, 3);
+    // Assignment and set keep the identity flag true.
     m = Math::Matrix4x4();
     EXPECT_TRUE(m.isIdentity());
     m.set(0, 1, 5.0);
     EXPECT_FALSE(m.isIdentity());
     m.set(0, 1, 0.0);
     EXPECT_TRUE(m.isIdentity());
-}
-
-TEST(BaseTranslate, UntranslatedTextsKeepTheirEncoding)
-{
-    char const latin1[] = "caf\xe9";
-    char const utf8[] = "caf\xc3\xa9";
-    EXPECT_EQ(MISC_translateFromLatin1("ctx", latin1), QString::fromUtf8("café"));
-    EXPECT_EQ(MISC_translateFromUtf8("ctx", utf8), QString::fromUtf8("café"));
-    EXPECT_TRUE(MISC_translateFromUtf8("ctx", nullptr).isNull());
 }
 
 // A translator that knows one text, to see that installed translations win.
@@ -100,9 +87,15 @@ public:
     bool isEmpty() const override { return false; }
 };
 
-TEST(BaseTranslate, InstalledTranslatorIsUsed)
+TEST(BaseTranslate, UntranslatedTextsKeepTheirEncoding)
 {
-    OneWordTranslator translator;
+    char const latin1[] = "caf\xe9";
+    char const utf8[] = "caf\xc3\xa9";
+    EXPECT_EQ(MISC_translateFromLatin1("ctx", latin1), QString::fromUtf8("café"));
+    EXPECT_EQ(MISC_translateFromUtf8("ctx", utf8), QString::fromUtf8("café"));
+    EXPECT_TRUE(MISC_translateFromUtf8("ctx", nullptr).isNull());
+
+    OneWordTranslator translator; // installed translations win
     QCoreApplication::installTranslator(&translator);
     EXPECT_EQ(MISC_translateFromLatin1("ctx", "Hello"), QStringLiteral("Bonjour"));
     EXPECT_EQ(MISC_translateFromUtf8("other", "Hello"), QStringLiteral("Hello"));

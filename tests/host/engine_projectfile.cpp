@@ -183,7 +183,7 @@ TEST_F(EngineProjectFile, truncatedFileOfARealProjectIsRefused)
     }
 }
 
-TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntact)
+TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntactAndNamesThePath)
 {
     HostStoryboard small = engineBoard(QStringLiteral("S[1]"));
     QString const target = path("kept.xml");
@@ -215,14 +215,10 @@ TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntact)
     EXPECT_EQ(original.readAll(), before);
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList { QStringLiteral("kept.xml") })
         << "no temporary file is left";
-}
 
-TEST_F(EngineProjectFile, unreachablePlacesAreReportedWithTheirPath)
-{
-    HostStoryboard board = engineBoard(QStringLiteral("S[1]"));
-    QString error;
+    // Unreachable places are reported with their path.
     QString const nowhere = path("missing/dir/p.xml");
-    EXPECT_FALSE(HostProjectFile::save(board.project.get(), nowhere, &error));
+    EXPECT_FALSE(HostProjectFile::save(small.project.get(), nowhere, &error));
     EXPECT_TRUE(error.startsWith(nowhere)) << qPrintable(error);
     EXPECT_FALSE(HostProjectFile::load(nowhere, &error));
     EXPECT_TRUE(error.startsWith(nowhere)) << qPrintable(error);

@@ -157,10 +157,7 @@ TEST_F(NodesAuthoringTest, ElementsComeWithAColumnLinkedToThemUnlessMadeBare)
     TUElementTimedValue* column = A->drawingAttr()->timedValue();
     ASSERT_NE(nullptr, column);
     EXPECT_EQ(A, column->linkedNodes(0));
-    EXPECT_EQ(TUTimedValue::eExposureType, column->typeCode());
-    EXPECT_EQ(common(), column->sceneCommon);
     EXPECT_EQ(column->elementId(), A->drawingAttr()->getElementId());
-    EXPECT_EQ(100.0, A->opacityAttr()->localValue());
 
     auto* bare = dynamic_cast<MO_ElementModule*>(Author::addNode(root(), "MO_ElementModule", "bare"));
     ASSERT_NE(nullptr, bare);

@@ -84,7 +84,7 @@ TEST_F(NodesDrawingTest, NewExposuresCutTheRunsTheyCover)
     EXPECT_EQ("10-10:1", exposed());
 }
 
-TEST_F(NodesDrawingTest, ContainsDrawingNeedsTheElementAndAnExposure)
+TEST_F(NodesDrawingTest, ContainsDrawingNeedsTheElementAndAnExposureAndElementIdsAreNew)
 {
     Author::setExposure(element, 3, 4, second);
     const int id = column->elementId();
@@ -92,10 +92,8 @@ TEST_F(NodesDrawingTest, ContainsDrawingNeedsTheElementAndAnExposure)
     EXPECT_FALSE(column->containsDrawing(id, first)) << "a drawing that is never exposed";
     EXPECT_FALSE(column->containsDrawing(id + 1, second));
     EXPECT_FALSE(column->containsDrawing(-1, second));
-}
 
-TEST_F(NodesDrawingTest, ElementIdsAreNewForEachColumnAndStayAboveReservedOnes)
-{
+    // Element ids are new for each column and stay above reserved ones.
     const int next = Author::addElement(root(), "B", CA_DrawingKind::Bitmap)->drawingAttr()->getElementId();
     EXPECT_GT(next, column->elementId());
     TUElementTimedValue::reserveElementId(next + 100);

@@ -190,6 +190,9 @@ TEST_F(PersistenceXmlDriving, ReadersReceiveElementsAsTheirParentsDecide)
     EXPECT_EQ(probeLog.liveReaders, 0);
     ASSERT_EQ(target.size(), 1);
     EXPECT_EQ((*target.begin())->metaName(), QStringLiteral("p"));
+    // Writing flags reach the records.
+    EXPECT_TRUE(PIO_MetadatasXml::toDocument(target, true).contains("forDrag=\"true\""));
+    EXPECT_TRUE(PIO_MetadatasXml::toDocument(target, false).contains("forDrag=\"false\""));
 }
 
 TEST_F(PersistenceXmlDriving, RefusingReaderFailsTheWholeRead)
@@ -203,14 +206,6 @@ TEST_F(PersistenceXmlDriving, RefusingReaderFailsTheWholeRead)
     EXPECT_TRUE(target.isEmpty());
     EXPECT_TRUE(error.contains(QStringLiteral("refused"))) << qPrintable(error);
     EXPECT_EQ(probeLog.liveReaders, 0);
-}
-
-TEST_F(PersistenceXmlDriving, WritingFlagsReachTheRecords)
-{
-    PIO_Metadatas metas;
-    metas.add(new ProbeRecord(QString(), QString(), QString()));
-    EXPECT_TRUE(PIO_MetadatasXml::toDocument(metas, true).contains("forDrag=\"true\""));
-    EXPECT_TRUE(PIO_MetadatasXml::toDocument(metas, false).contains("forDrag=\"false\""));
 }
 
 TEST(PersistenceXml, UnknownRecordsAreKeptAndWrittenBackUnchanged)
