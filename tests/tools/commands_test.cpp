@@ -22,15 +22,6 @@ QJsonObject jsonOf(const ToolRun& run)
     return document.object();
 }
 
-// The names of the shots of an outline document, in order.
-QStringList shotNames(const QJsonObject& outline)
-{
-    QStringList names;
-    for (const QJsonValue& shot : outline.value("shots").toArray())
-        names << shot.toObject().value("name").toString();
-    return names;
-}
-
 class ToolCommands : public ::testing::Test
 {
 protected:
@@ -56,6 +47,24 @@ protected:
         EXPECT_EQ(run.out, goldenText(golden, run.out)) << arguments.join(' ').toStdString();
     }
 
+    QJsonObject outline(const QString& file) { return jsonOf(ok({ "outline", file, "--json" })); }
+    QJsonObject shot(const QString& file, int index)
+    {
+        return outline(file).value("shots")[index].toObject();
+    }
+    QJsonObject rules(const QStringList& arguments = {})
+    {
+        return jsonOf(ok(QStringList { "rules", "small.xml", "--json" } + arguments))["rules"].toObject();
+    }
+    // The names of the shots of the file, in order.
+    QStringList shotNames(const QString& file)
+    {
+        QStringList names;
+        for (const QJsonValue& shot : outline(file)["shots"].toArray())
+            names << shot["name"].toString();
+        return names;
+    }
+
     ToolSandbox sandbox;
 };
 
@@ -78,7 +87,7 @@ TEST_F(ToolCommands, GoldenOutputs)
 
 TEST_F(ToolCommands, TheJsonOutlineAgreesWithTheLibraryCounts)
 {
-    const QJsonObject outline = jsonOf(ok({ "outline", "demo.xml", "--json" }));
+    const QJsonObject outline = this->outline("demo.xml");
     EXPECT_EQ(outline.value("krolle").toString(), "outline");
     EXPECT_EQ(outline.value("schema").toInt(), 1);
     const QJsonObject counts = outline.value("counts").toObject();
@@ -102,7 +111,7 @@ TEST_F(ToolCommands, NewMakesWhatItIsAskedForAndTheSameSeedTheSameFile)
     const QStringList options { "--shots", "25", "--panels-per-shot", "3", "--transition-every", "5",
         "--acts", "3", "--sequences", "0", "--seed", "42" };
     const ToolRun made = ok(QStringList { "new", "a.xml" } + options);
-    const QJsonObject outline = jsonOf(ok({ "outline", "a.xml", "--json" }));
+    const QJsonObject outline = this->outline("a.xml");
     EXPECT_EQ(made.out,
         QStringLiteral("wrote a.xml: 3 acts, 0 sequences, 25 shots, 75 panels, 4 transitions, %1 frames\n")
             .arg(outline.value("counts").toObject().value("frames").toInt()));
@@ -141,25 +150,21 @@ TEST_F(ToolCommands, FramesResolveToTheShotsAndPanelsAroundThem)
 
 TEST_F(ToolCommands, InsertedShotsTakeTheProposedNameAndTheirNeighboursGroups)
 {
-    const ToolRun run
-        = ok({ "insert-shot", "demo.xml", "--after", "SH060", "--panels", "2", "--length", "10" });
-    EXPECT_EQ(run.out,
-        QStringLiteral("inserted shot 7 \"SH065\" (custom name, frames 222-241) after shot 6 \"SH060\"; "
-                       "saved demo.xml\n"));
-    const QJsonObject shot
-        = jsonOf(ok({ "outline", "demo.xml", "--json" })).value("shots").toArray().at(6).toObject();
-    EXPECT_EQ(shot.value("name").toString(), "SH065");
-    EXPECT_TRUE(shot.value("custom").toBool());
-    EXPECT_EQ(shot.value("act").toString(), "Conflict");
-    EXPECT_EQ(shot.value("sequence").toString(), "SQ030");
-    EXPECT_EQ(shot.value("panels").toArray().size(), 2);
-    EXPECT_EQ(shot.value("length").toInt(), 20);
+    EXPECT_EQ(ok({ "insert-shot", "demo.xml", "--after", "SH060", "--panels", "2", "--length", "10" }).out,
+        QStringLiteral(
+            "inserted shot 7 \"SH065\" (custom name, frames 222-241) after shot 6 \"SH060\"; saved "
+            "demo.xml\n"));
+    const QJsonObject inserted = shot("demo.xml", 6);
+    EXPECT_EQ(inserted["name"].toString() + inserted["act"].toString() + inserted["sequence"].toString(),
+        "SH065ConflictSQ030");
+    EXPECT_TRUE(inserted["custom"].toBool());
+    EXPECT_EQ(inserted["panels"].toArray().size(), 2);
+    EXPECT_EQ(inserted["length"].toInt(), 20);
 
     // Before an automatically named shot the rules propose nothing: the new shot stays automatic.
     ok({ "insert-shot", "small.xml", "--before", "1" });
-    const QJsonObject small = jsonOf(ok({ "outline", "small.xml", "--json" }));
-    EXPECT_EQ(shotNames(small), QStringList({ "1", "2", "3", "4" }));
-    EXPECT_FALSE(small.value("shots").toArray().first().toObject().value("custom").toBool());
+    EXPECT_EQ(shotNames("small.xml"), QStringList({ "1", "2", "3", "4" }));
+    EXPECT_FALSE(shot("small.xml", 0)["custom"].toBool());
 }
 
 TEST_F(ToolCommands, InsertedPanelsAreNamedInsideTheirShot)
@@ -171,11 +176,9 @@ TEST_F(ToolCommands, InsertedPanelsAreNamedInsideTheirShot)
     EXPECT_EQ(ok({ "insert-panel", "demo.xml", "--shot", "SH050", "--before", "1", "--length", "5" }).out,
         QStringLiteral("inserted panel 1 \"1\" of shot 5 \"SH050\" (automatic name, frames 150-154) before "
                        "panel 2 \"2\" of shot 5 \"SH050\"; saved demo.xml\n"));
-    const QJsonObject shot
-        = jsonOf(ok({ "outline", "demo.xml", "--json" })).value("shots").toArray().at(4).toObject();
     QStringList panels;
-    for (const QJsonValue& panel : shot.value("panels").toArray())
-        panels << panel.toObject().value("name").toString();
+    for (const QJsonValue& panel : shot("demo.xml", 4)["panels"].toArray())
+        panels << panel["name"].toString();
     // Automatic names count positions and step over the names that custom ones hold.
     EXPECT_EQ(panels, QStringList({ "1", "2", "2A", "2B", "5", "6" }));
 }
@@ -203,12 +206,12 @@ TEST_F(ToolCommands, RefusalsAndFindingsLeaveTheFileAsItWas)
             "krolle rules: unknown naming rule 'shot.colour' (see krolle rules --help)\n" },
         { { "rules", "demo.xml", "--set", "shot.autoIncrementValue=0" }, 64,
             "krolle rules: shot.autoIncrementValue takes a whole number from 1 to 1000000, not '0' (see "
-            "krolle rules "
-            "--help)\n" },
+            "krolle "
+            "rules --help)\n" },
         { { "rules", "demo.xml", "--set", "panel.autoIncrementRule=roman" }, 64,
             "krolle rules: panel.autoIncrementRule takes one of numeric, alpha, alpha-z-prefix, "
-            "alpha-z-repeat, by-n "
-            "(or 0 to 4), not 'roman' (see krolle rules --help)\n" },
+            "alpha-z-repeat, "
+            "by-n (or 0 to 4), not 'roman' (see krolle rules --help)\n" },
         { { "rules", "demo.xml", "--set", "enabledAct" }, 64,
             "krolle rules: 'enabledAct' is not of the form KEY=VALUE (see krolle rules --help)\n" },
     };
@@ -223,27 +226,22 @@ TEST_F(ToolCommands, RefusalsAndFindingsLeaveTheFileAsItWas)
 
 TEST_F(ToolCommands, SettingARuleTurnsTheOverrideOnAndKeepsTheOtherValues)
 {
-    const QJsonObject preferences = jsonOf(ok({ "rules", "small.xml", "--json" })).value("rules").toObject();
-    EXPECT_FALSE(preferences.value("overloadingPref").toBool());
-    const QJsonObject set = jsonOf(ok({ "rules", "small.xml", "--json", "--set",
-                                       "shot.automaticLeadingZeros=true", "shot.numberOfZeros=3" }))
-                                .value("rules")
-                                .toObject();
-    EXPECT_TRUE(set.value("overloadingPref").toBool());
+    const QJsonObject preferences = rules();
+    EXPECT_FALSE(preferences["overloadingPref"].toBool());
+    const QJsonObject set = rules({ "--set", "shot.automaticLeadingZeros=true", "shot.numberOfZeros=3" });
     QJsonObject expected = preferences;
-    QJsonObject shot = expected.value("shot").toObject();
+    QJsonObject shot = expected["shot"].toObject();
     shot.insert("automaticLeadingZeros", true);
     shot.insert("numberOfZeros", 3);
     expected.insert("shot", shot);
     expected.insert("overloadingPref", true);
     EXPECT_EQ(set, expected);
     // The file keeps it, and the names follow.
-    EXPECT_EQ(jsonOf(ok({ "rules", "small.xml", "--json" })).value("rules").toObject(), expected);
-    EXPECT_EQ(
-        shotNames(jsonOf(ok({ "outline", "small.xml", "--json" }))), QStringList({ "001", "002", "003" }));
+    EXPECT_EQ(rules(), expected);
+    EXPECT_EQ(shotNames("small.xml"), QStringList({ "001", "002", "003" }));
     // Turning the override off brings the preferences back.
     ok({ "rules", "small.xml", "--set", "overloadingPref=false" });
-    EXPECT_EQ(shotNames(jsonOf(ok({ "outline", "small.xml", "--json" }))), QStringList({ "1", "2", "3" }));
+    EXPECT_EQ(shotNames("small.xml"), QStringList({ "1", "2", "3" }));
 }
 
 TEST_F(ToolCommands, RulesInForceComeFromThePreferencesUntilOverridden)
@@ -251,13 +249,10 @@ TEST_F(ToolCommands, RulesInForceComeFromThePreferencesUntilOverridden)
     sandbox.write("prefs.txt",
         "bool ST_SHOT_NAME_AUTOMATIC_LEADING_ZEROS = true\nint ST_SHOT_NAME_NUMBER_OF_ZEROS = 4\n");
     sandbox.setEnvironment("KROLLE_PREFERENCES", sandbox.path("prefs.txt"));
-    EXPECT_EQ(
-        shotNames(jsonOf(ok({ "outline", "small.xml", "--json" }))), QStringList({ "0001", "0002", "0003" }));
-    const QJsonObject shot
-        = jsonOf(ok({ "rules", "small.xml", "--json" })).value("rules").toObject().value("shot").toObject();
-    EXPECT_EQ(shot.value("numberOfZeros").toInt(), 4);
+    EXPECT_EQ(shotNames("small.xml"), QStringList({ "0001", "0002", "0003" }));
+    EXPECT_EQ(rules().value("shot")["numberOfZeros"].toInt(), 4);
     // The demo's record overrides the preferences: its names do not move.
-    EXPECT_EQ(shotNames(jsonOf(ok({ "outline", "demo.xml", "--json" }))).first(), "SH010");
+    EXPECT_EQ(shotNames("demo.xml").first(), "SH010");
 }
 
 TEST_F(ToolCommands, CheckReportsWhatIsWrong)
