@@ -130,69 +130,80 @@ Names parseNames(const char* text)
 }
 
 // A board, its shot 0's panels custom-named ("." auto, "-" empty), what is then done to
-// it, and the names shown: of all shots, and of the panels shot by shot ("|" between).
+// it, and the names shown: of all shots if given ("shots /"), then of the panels shot by
+// shot ("|" between).
 struct Scenario
 {
-    const char *what, *board, *custom;
+    const char *board, *custom;
     std::function<void(Board&)> edit;
-    const char *shots, *panels;
+    const char* names;
 };
 
 const Scenario kScenarios[] = {
     // Shots start custom-named; as auto names they count over the whole project.
-    { "every shot and panel", "S[2,2,2] S[4] T2 S[2,2]", "", &Board::makeShotsAuto, "1 2 3", "1 2 3|1|1 2" },
-    { "custom names use up places", "S[1,1,1,1]", ". 3 . .", nullptr, nullptr, "1 3 4 5" },
-    { "one auto panel", "S[1]", ".", nullptr, nullptr, "1" },
-    { "a name twice", "S[1,1,1,1]", "1 1 . .", nullptr, nullptr, "1 1 3 4" },
-    { "a taken place's name", "S[1,1,1,1]", ". 1 1 .", nullptr, nullptr, "2 1 1 4" },
-    { "a later place's name", "S[1,1,1,1]", ". . 2 .", nullptr, nullptr, "1 3 2 4" },
-    { "an empty custom name", "S[1,1]", "- .", nullptr, nullptr, "- 2" },
-    { "a letter", "S[1,1,1]", ". B .", nullptr, nullptr, "1 B 3" },
-    { "panel preferences", "S[1,1,1]", "", [](Board& b) { b.panelLetters(-1); }, nullptr, "A B C" },
-    { "with zeros", "S[1,1,1]", "", [](Board& b) { b.panelLetters(2); }, nullptr, "0A 0B 0C" },
-    { "an overriding record", "S[1,1,1]", "", [](Board& b) { b.panelLetters(2, 0); }, nullptr,
-        "001 002 003" },
+    { "S[2,2,2] S[4] T2 S[2,2]", "", &Board::makeShotsAuto, "1 2 3 / 1 2 3|1|1 2" },
+    { "S[1,1,1,1]", ". 3 . .", nullptr, "1 3 4 5" },
+    { "S[1]", ".", nullptr, "1" },
+    { "S[1,1,1,1]", "1 1 . .", nullptr, "1 1 3 4" },
+    { "S[1,1,1,1]", ". 1 1 .", nullptr, "2 1 1 4" },
+    { "S[1,1,1,1]", ". . 2 .", nullptr, "1 3 2 4" },
+    { "S[1,1]", "- .", nullptr, "- 2" },
+    { "S[1,1,1]", ". B .", nullptr, "1 B 3" },
+    { "S[1,1,1]", "", [](Board& b) { b.panelLetters(-1); }, "A B C" },
+    { "S[1,1,1]", "", [](Board& b) { b.panelLetters(2); }, "0A 0B 0C" },
+    { "S[1,1,1]", "", [](Board& b) { b.panelLetters(2, 0); }, "001 002 003" },
     // The by-N rule numbers by place too: multiples only arise in proposals.
-    { "a by-N record", "S[1,1,1]", "", [](Board& b) { b.panelLetters(-1, 4); }, nullptr, "001 002 003" },
-    { "shots count every shot", "S[1] S[1] S[1] S[1]", "", [](Board& b) { b.shotXAmongAuto(); }, "1 X 3 4",
-        nullptr },
-    { "shot zeros", "S[1] S[1] S[1] S[1]", "", [](Board& b) { b.shotXAmongAuto(true); }, "01 X 03 04",
-        nullptr },
+    { "S[1,1,1]", "", [](Board& b) { b.panelLetters(-1, 4); }, "001 002 003" },
+    { "S[1] S[1] S[1] S[1]", "", [](Board& b) { b.shotXAmongAuto(); }, "1 X 3 4 /" },
+    { "S[1] S[1] S[1] S[1]", "", [](Board& b) { b.shotXAmongAuto(true); }, "01 X 03 04 /" },
     // An override freezes the snapshot taken when the record was made, before the zeros.
-    { "the record's snapshot", "S[1] S[1] S[1] S[1]", "",
-        [](Board& b) { b.overriding(b.shotXAmongAuto(true).sequenceRules(), 1); }, "1 X 3 4", nullptr },
-    { "a panel inserted", "S[2,2,2] S[2,2]", ". . last",
+    { "S[1] S[1] S[1] S[1]", "", [](Board& b) { b.overriding(b.shotXAmongAuto(true).sequenceRules(), 1); },
+        "1 X 3 4 /" },
+    { "S[2,2,2] S[2,2]", ". . last",
         [](Board& b) { b.edit(HostAuthoring::insertPanel(b.board.project(), b.shot(0), 0, 3).value()); },
-        nullptr, "1 2 3 last|1 2" },
-    { "shots removed and inserted", "S[2,2,2] S[2,2]", "",
+        "1 2 3 last|1 2" },
+    { "S[2,2,2] S[2,2]", "",
         [](Board& b) {
             b.edit(HostAuthoring::removeShot(b.board.project(), b.shot(0))
                 && HostAuthoring::insertShot(b.board.project(), 1, { 4 }).value());
             b.makeShotsAuto();
         },
-        "1 2", "1 2|1" },
+        "1 2 / 1 2|1" },
 };
 
 TEST(ProjectNames, AutoNamesAroundCustomNamesUnderPreferencesRecordsAndEdits)
 {
     for (const Scenario& s : kScenarios) {
-        SCOPED_TRACE(s.what);
+        SCOPED_TRACE(testing::Message() << s.board << " named " << s.custom << ": " << s.names);
         Board names(s.board);
         names.namePanels(parseNames(s.custom));
         if (s.edit)
             s.edit(names);
-        if (s.shots) {
-            EXPECT_EQ(names.shotNames(), parseNames(s.shots));
+        QStringList panels = QString::fromLatin1(s.names).split(QLatin1Char('/'));
+        if (panels.size() > 1) {
+            EXPECT_EQ(names.shotNames(), parseNames(qPrintable(panels.takeFirst())));
         }
-        const QStringList panels = QString::fromLatin1(s.panels ? s.panels : "").split(QLatin1Char('|'));
-        for (int i = 0; s.panels && i < panels.size(); ++i)
+        panels = panels[0].split(QLatin1Char('|'), QString::SkipEmptyParts);
+        for (int i = 0; i < panels.size(); ++i)
             EXPECT_EQ(names.panelNames(unsigned(i)), parseNames(qPrintable(panels[i]))) << "shot " << i;
     }
 }
 
-TEST(ProjectNames, TheHelperNamesByPlaceAndFindsTheInvalidPanel)
+TEST(ProjectNames, TheProjectKeepsOneRulesRecordAndTheHelperNamesByPlace)
 {
     Board names("S[2,2,2] S[4]");
+    KRC_NamingRules* rules = names.board->namingRules();
+    ASSERT_NE(rules, nullptr);
+    EXPECT_EQ(names.board->namingRules(), rules);
+    EXPECT_TRUE(names.board.project()->metadatas()->contains(rules));
+    EXPECT_FALSE(rules->overloadingPref());
+    // Without a project's record the helper names by the preferences.
+    KRC_KrolleProject without(nullptr);
+    EXPECT_EQ(without.namingRules(), nullptr);
+    names.prefer("ST_SHOT_NAME_AUTO_INCREMENT_RULE", 1);
+    EXPECT_EQ(without.nameHelper()->getSceneName(2), QStringLiteral("C"));
+    names.prefer("ST_SHOT_NAME_AUTO_INCREMENT_RULE", 0);
+
     // An invalid panel has an empty name from the helper, a null one from its handle.
     const QString invalid = names.helper().getPanelName(Krolle::Panel_t::invalid);
     EXPECT_TRUE(!invalid.isNull() && invalid.isEmpty());
@@ -235,23 +246,6 @@ TEST(ProjectNames, CustomNamesAnywhereGiveTheNamesOfTheTwoPasses)
         }
         EXPECT_EQ(board->panelNames(0), expected) << qPrintable(custom.join(' '));
     }
-}
-
-TEST(ProjectNames, TheProjectKeepsOneRulesRecord)
-{
-    Board names("S[1]");
-    KRC_NamingRules* rules = names.board->namingRules();
-    ASSERT_NE(rules, nullptr);
-    EXPECT_EQ(names.board->namingRules(), rules);
-    EXPECT_TRUE(names.board.project()->metadatas()->contains(rules));
-    EXPECT_FALSE(rules->overloadingPref());
-
-    KRC_KrolleProject without(nullptr);
-    EXPECT_EQ(without.namingRules(), nullptr);
-    ASSERT_NE(without.nameHelper(), nullptr);
-    // Without a project's record the helper names by the preferences.
-    names.prefer("ST_SHOT_NAME_AUTO_INCREMENT_RULE", 1);
-    EXPECT_EQ(without.nameHelper()->getSceneName(2), QStringLiteral("C"));
 }
 
 TEST(ProjectNames, NamesAndRulesSurviveASaveAndReload)
