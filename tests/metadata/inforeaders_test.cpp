@@ -116,14 +116,14 @@ TEST(InfoXml, TheRecordIsForgottenAtTheFirstEndOfElement)
 
 TEST(InfoXml, AVersionNeverHeardOfIsReadAllTheSame)
 {
-    auto metas = readEntry("sceneInfo",
-        QStringLiteral("<sceneInfo name=\"A\" nameFlag=\"2\" actName=\"X\" actNameFlag=\"1\"/>"),
-        QStringLiteral("name=\"kept\" creator=\"future\" version=\"42.7b\""));
+    auto metas
+        = readEntry("sceneInfo", QStringLiteral("<sceneInfo name=\"A\" nameFlag=\"2\" actName=\"X\"/>"),
+            QStringLiteral("name=\"kept\" creator=\"future\" version=\"42.7b\""));
     auto* info = first<KRC_SceneInfo>(metas.get());
     ASSERT_NE(nullptr, info);
-    EXPECT_EQ(QStringLiteral("kept/future/42.7b/A/X/1"),
+    EXPECT_EQ(QStringLiteral("kept/future/42.7b/A/X"),
         QStringList({ info->metaName(), info->creator(), info->version(), info->name().value(),
-                        info->actName().value(), QString::number(info->actName().flag()) })
+                        info->actName().value() })
             .join('/'));
 }
 
