@@ -51,46 +51,32 @@ bool load(KRC_Property& property, QByteArray const& bytes, int version)
     return property.load(in);
 }
 
-TEST(PropertyStream, KindValueDefinitionAndConstraintsComeBack)
-{
-    for (int version : { kCurrent, kLegacy }) {
-        for (int kind = 0; kind < 5; ++kind) {
-            const std::unique_ptr<KRC_Property> original = sample(kind);
-            std::unique_ptr<KRC_Property> reloaded(KRC_PropertyFactory::create(kind, QString()));
-            ASSERT_TRUE(load(*reloaded, PropertyBlobs::store(*original, version), version));
-            EXPECT_EQ(PropertyBlobs::summary(*reloaded), PropertyBlobs::summary(*original));
-        }
-    }
-}
-
 // The item sequence that stored blobs hold, written out by hand: a reader elsewhere
 // depends on this exact form, not only on this class reading its own output.
-TEST(PropertyStream, StoredItemsAreInTheFixedOrderAndWidths)
+TEST(PropertyStream, StoredItemsAreInTheFixedOrderAndWidthsAndComeBack)
 {
-    const auto base = [](QDataStream& out, QString const& name, QVariant const& value) {
-        out << name << value << QString("Long text") << QString("Short") << qint32(1) << qint32(0);
+    const auto base = [](QDataStream& out, QString const& name, QVariant const& value) -> QDataStream& {
+        return out << name << value << QString("Long text") << QString("Short") << qint32(1) << qint32(0);
     };
     const std::function<void(QDataStream&)> expected[] = {
         [&](QDataStream& out) { base(out, "plain", 42); },
         [&](QDataStream& out) {
-            base(out, "list", QString("y"));
-            out << QVariant(QVariantMap { { "a", "x" }, { "b", "y" } }) << qint32(1) << qint32(0);
+            base(out, "list", QString("y"))
+                << QVariant(QVariantMap { { "a", "x" }, { "b", "y" } }) << qint32(1) << qint32(0);
         },
-        [&](QDataStream& out) {
-            base(out, "range", 2.5);
-            out << QVariant(1.0) << QVariant(3.0);
-        },
-        [&](QDataStream& out) {
-            base(out, "file", QString("/tmp/a.png"));
-            out << QString("*.png");
-        },
+        [&](QDataStream& out) { base(out, "range", 2.5) << QVariant(1.0) << QVariant(3.0); },
+        [&](QDataStream& out) { base(out, "file", QString("/tmp/a.png")) << QString("*.png"); },
         [&](QDataStream& out) { base(out, "font", QFont("Sans", 12)); },
     };
     for (int version : { kCurrent, kLegacy }) {
         for (int kind = 0; kind < 5; ++kind) {
-            EXPECT_EQ(PropertyBlobs::store(*sample(kind), version).toHex(),
-                PropertyBlobs::raw(version, expected[kind]).toHex())
+            const std::unique_ptr<KRC_Property> original = sample(kind);
+            const QByteArray blob = PropertyBlobs::store(*original, version);
+            EXPECT_EQ(blob.toHex(), PropertyBlobs::raw(version, expected[kind]).toHex())
                 << "kind " << kind << " version " << version;
+            std::unique_ptr<KRC_Property> reloaded(KRC_PropertyFactory::create(kind, QString()));
+            ASSERT_TRUE(load(*reloaded, blob, version));
+            EXPECT_EQ(PropertyBlobs::summary(*reloaded), PropertyBlobs::summary(*original));
         }
     }
 }
