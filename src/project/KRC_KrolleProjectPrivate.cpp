@@ -17,6 +17,7 @@ void KRC_KrolleProjectPrivate::clearCaches()
     transCache.clear();
     sceneCommonToPanelId.clear();
     sceneCommonToShotId.clear();
+    shotPlaces.clear();
     panelTotal = 0;
     shotTotal = 0;
     transTotal = 0;

@@ -54,6 +54,10 @@ public:
     Krolle::ObjectCache<Krolle::Panel_t>* lastShotCache = nullptr;
     std::map<SC_SceneCommon const*, SC_Id> sceneCommonToPanelId;
     std::map<SC_SceneCommon const*, SC_Id> sceneCommonToShotId;
+    /// Each shot's place in a walk of all shots, under its block with its id (a handle
+    /// is that shot when both match). Filled by one walk on first use while the cache
+    /// is enabled, since every automatic shot name asks for it.
+    std::unordered_map<AT_FrameBlock const*, std::pair<SC_Id, unsigned>> shotPlaces;
     bool cacheEnabled = true;
     quint32 panelTotal = 0;
     quint32 shotTotal = 0;

@@ -1,7 +1,7 @@
 // Counts, lookups by index, id and name, lists of ids, indices of acts and
 // sequences, and the way back from engine objects to handles: all walks of the
-// timeline with the iterators. Only the totals and the two reverse tables are kept,
-// and they go with the caches.
+// timeline with the iterators. Only the totals, the shots' places and the two reverse
+// tables are kept, and they go with the caches.
 #include "project/KRC_KrolleProject.h"
 
 #include "project/KRC_KrolleProjectPrivate.h"
@@ -361,7 +361,17 @@ unsigned KRC_KrolleProject::getSequenceNdx(QString const& name) const
 
 unsigned KRC_KrolleProject::getShotNdx(Shot_t const& shot) const
 {
-    return placeInWalk(beginShot(), endShot(), [&shot](Shot_t const& at) { return at == shot; });
+    if (!d->cacheEnabled)
+        return placeInWalk(beginShot(), endShot(), [&shot](Shot_t const& at) { return at == shot; });
+    // The same answer as the walk, kept: a shot's automatic name asks for its place,
+    // and a search by name over automatic names would otherwise walk once per shot.
+    if (d->shotPlaces.empty()) {
+        unsigned place = 0;
+        for (auto it = beginShot(); it != endShot(); ++it, ++place)
+            d->shotPlaces.emplace(it->frameBlock(), std::make_pair(it->id(), place));
+    }
+    auto const found = d->shotPlaces.find(shot.frameBlock());
+    return found != d->shotPlaces.end() && found->second.first == shot.id() ? found->second.second : invalidNdx;
 }
 
 unsigned KRC_KrolleProject::getShotNdx(QString const& name) const

@@ -258,6 +258,9 @@ void checkWalks(KRC_KrolleProject& view, EngineTruth const& truth, Faults& fault
     checkOrder(view, shots, shotBlocks, faults, QStringLiteral("shot"));
     checkOrder(view, transitions, transBlocks, faults, QStringLiteral("transition"));
     faults.expect(view.shotCount() == shots.size(), QStringLiteral("shotCount differs from the walk"));
+    // Automatic shot names are numbered by this place, kept between walks.
+    for (size_t i = 0; i < shots.size(); ++i)
+        faults.expect(view.getShotNdx(shots[i]) == i, QStringLiteral("shot %1: getShotNdx disagrees").arg(i));
     faults.expect(
         view.transCount() == transitions.size(), QStringLiteral("transCount differs from the walk"));
     checkPanels(view, shots, faults);
