@@ -3,6 +3,9 @@
 
 #include "host/base/HostBase.h"
 #include "host/engine/HostEngine.h"
+#include "project/HandlePool.h"
+
+#include <cstddef>
 
 namespace Krolle {
 
@@ -23,6 +26,11 @@ public:
     ObjectPrivate(ObjectPrivate const&) = delete;
     ObjectPrivate& operator=(ObjectPrivate const&) = delete;
     ~ObjectPrivate() override;
+
+    // Every private object lives in the handle pool; the sized delete gives it back
+    // to the pool of its own (derived) size.
+    static void* operator new(std::size_t size) { return HandlePool::take(size); }
+    static void operator delete(void* memory, std::size_t size) { HandlePool::give(memory, size); }
 
     /// The block as the handles hand it out.
     AT_FrameBlock* block() const { return const_cast<AT_FrameBlock*>(frameBlock); }
