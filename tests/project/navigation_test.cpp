@@ -110,8 +110,11 @@ TEST_P(Navigation, PanelsStepWithinAndAcrossShots)
             &KRC_KrolleProject::lastInAct, &KRC_KrolleProject::firstInSequence,
             &KRC_KrolleProject::lastInSequence, &KRC_KrolleProject::firstInPrevSequence,
             &KRC_KrolleProject::firstInNextSequence };
-        for (int i = 0; i < 10; ++i)
-            EXPECT_EQ(id(c[i + 1]), (view.*steps[i])(p).id()) << "step " << i;
+        int column = 1;
+        for (Step const step : steps) {
+            EXPECT_EQ(id(c[column]), (view.*step)(p).id()) << "column " << column;
+            ++column;
+        }
         EXPECT_EQ(c[11].toUInt(), view.numOfKRPanelsInCurKRAct(p));
         EXPECT_EQ(c[12].toUInt(), view.numOfKRPanelsInCurKRSequence(p));
         EXPECT_EQ(view.next(p).isValid() && view.next(p).actName() == p.actName(),
