@@ -5,6 +5,8 @@
 #include "project/KRC_KrolleProject.h"
 #include "project/KRC_SceneChangeManager.h"
 
+#include <benchmark/benchmark.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -21,6 +23,21 @@ inline void flushProcessorCaches()
     static std::vector<char> buffer(size_t(96) << 20, 1);
     for (size_t i = 0; i < buffer.size(); i += 64)
         ++buffer[i];
+}
+
+/// What comes before a timed pass, outside the timing: with `drop`, the view's caches
+/// go (that frees the last pass's handles, which is not the pass's work); with `flush`,
+/// the processor's caches.
+inline void untimedStart(benchmark::State& state, KRC_KrolleProject* drop, bool flush)
+{
+    if (!drop && !flush)
+        return;
+    state.PauseTiming();
+    if (drop)
+        drop->invalidate();
+    if (flush)
+        flushProcessorCaches();
+    state.ResumeTiming();
 }
 
 /// A project of `panels` panels, ten 3-frame panels to a shot, with a 2-frame

@@ -46,11 +46,7 @@ void walkPanels(benchmark::State& state, bool flush)
     KRC_KrolleProject& view = groupedView(unsigned(state.range(0)));
     int64_t steps = 0;
     for (auto _ : state) {
-        if (flush) {
-            state.PauseTiming();
-            flushProcessorCaches();
-            state.ResumeTiming();
-        }
+        untimedStart(state, nullptr, flush);
         for (Panel_t panel = view.first(Panel_t::invalid); panel.isValid(); panel = view.next(panel))
             ++steps;
     }
@@ -75,11 +71,7 @@ void countRuns(benchmark::State& state, bool flush)
     KRC_KrolleProject& view = groupedView(unsigned(state.range(0)));
     Shot_t const first = view.first(Shot_t::invalid);
     for (auto _ : state) {
-        if (flush) {
-            state.PauseTiming();
-            flushProcessorCaches();
-            state.ResumeTiming();
-        }
+        untimedStart(state, nullptr, flush);
         unsigned runs = 0;
         for (Shot_t shot = first; shot.isValid(); shot = view.next(view.lastInAct(shot)))
             ++runs;
@@ -107,11 +99,7 @@ void countFromCold(benchmark::State& state, bool flush)
 {
     KRC_KrolleProject& view = groupedView(unsigned(state.range(0)));
     for (auto _ : state) {
-        state.PauseTiming();
-        view.invalidate();
-        if (flush)
-            flushProcessorCaches();
-        state.ResumeTiming();
+        untimedStart(state, &view, flush);
         benchmark::DoNotOptimize(view.actCount());
         benchmark::DoNotOptimize(view.sequenceCount());
     }

@@ -30,14 +30,7 @@ template <class Lookup> void passOverEveryFrame(benchmark::State& state, Start s
             benchmark::DoNotOptimize(lookup(view, frame));
     }
     for (auto _ : state) {
-        // Dropping the caches is not part of the pass: it frees what the last one made.
-        if (start != Start::Warm) {
-            state.PauseTiming();
-            view.invalidate();
-            if (start == Start::ColdFlushed)
-                flushProcessorCaches();
-            state.ResumeTiming();
-        }
+        untimedStart(state, start == Start::Warm ? nullptr : &view, start == Start::ColdFlushed);
         for (unsigned frame = 1; frame <= frames; ++frame)
             benchmark::DoNotOptimize(lookup(view, frame));
     }

@@ -35,9 +35,7 @@ public:
         if (m_byFrame.empty() || m_byFrame.back().first <= first) {
             m_byFrame.push_back(FrameEntry { first, length, object });
         } else {
-            auto const at = std::upper_bound(m_byFrame.begin(), m_byFrame.end(), first,
-                [](unsigned key, FrameEntry const& entry) { return key < entry.first; });
-            m_byFrame.insert(at, FrameEntry { first, length, object });
+            m_byFrame.insert(firstStartingAfter(first), FrameEntry { first, length, object });
             m_finger = noFinger; // the entries behind the new one moved
         }
         m_byId.set(object.id(), object);
@@ -109,6 +107,13 @@ private:
         return entry.length > 0 && quint64(entry.first) + entry.length - 1 >= frame;
     }
 
+    /// The first entry that starts above `frame` (a search by halves), or end().
+    typename std::vector<FrameEntry>::const_iterator firstStartingAfter(unsigned frame) const
+    {
+        return std::upper_bound(m_byFrame.begin(), m_byFrame.end(), frame,
+            [](unsigned key, FrameEntry const& entry) { return key < entry.first; });
+    }
+
     /// Whether the entry at `at` (past the end counts) starts above `frame`.
     bool startsAbove(std::size_t at, unsigned frame) const
     {
@@ -125,8 +130,7 @@ private:
             if (startsAbove(m_finger + 2, frame))
                 return m_finger = m_finger + 1;
         }
-        auto const after = std::upper_bound(m_byFrame.begin(), m_byFrame.end(), frame,
-            [](unsigned key, FrameEntry const& entry) { return key < entry.first; });
+        auto const after = firstStartingAfter(frame);
         if (after == m_byFrame.begin())
             return noFinger;
         return m_finger = std::size_t(after - m_byFrame.begin()) - 1;
