@@ -170,6 +170,13 @@ TEST(EngineAuthoring, idsStayTrueAcrossEdits)
     }
     EXPECT_EQ(ids.size(), 2 + board.shots.size() * 2) << "every object has an id of its own";
     EXPECT_EQ(ids.count(SC_Id()), 0u);
+
+    // Restored objects get the ids they ask for where those are free, and new ones where not.
+    SC_Id const restored = HostAuthoring::insertShot(project, 0, { 1, 1 }, nullptr, { SC_Id(500), inserted, SC_Id(502) });
+    EXPECT_EQ(restored, SC_Id(500));
+    EXPECT_EQ(HostAuthoring::panelId(project, restored, 1), SC_Id(502));
+    EXPECT_EQ(ids.count(HostAuthoring::panelId(project, restored, 0)), 0u) << "a taken id is not given twice";
+    EXPECT_EQ(HostAuthoring::insertTransition(project, 1, 1, 0, 0, false, nullptr, board.transitions[0]).value(), 503u);
 }
 
 TEST(EngineAuthoring, insertAndRemoveShotPostTheirScenesAndTheTimeline)

@@ -5,6 +5,8 @@
 #include "Command.h"
 #include "Console.h"
 #include "DemoCommand.h"
+#include "ExportCommand.h"
+#include "ImportCommand.h"
 #include "InsertPanelCommand.h"
 #include "InsertShotCommand.h"
 #include "NewCommand.h"
@@ -32,6 +34,8 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new InsertShotCommand);
     m_commands.emplace_back(new InsertPanelCommand);
     m_commands.emplace_back(new CheckCommand);
+    m_commands.emplace_back(new ExportCommand);
+    m_commands.emplace_back(new ImportCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

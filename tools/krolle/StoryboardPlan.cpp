@@ -123,6 +123,19 @@ StoryboardPlan StoryboardPlan::demo()
     return plan;
 }
 
+StoryboardPlan StoryboardPlan::custom(const QString& timeline, const QVector<Shot>& shots,
+    unsigned panelCount, bool sequences, const QStringList& ruleSettings, const HostStoryboard& ids)
+{
+    StoryboardPlan plan;
+    plan.m_timeline = timeline;
+    plan.m_shots = shots;
+    plan.m_panelCount = panelCount;
+    plan.m_sequences = sequences;
+    plan.m_ruleSettings = ruleSettings;
+    plan.m_ids = ids;
+    return plan;
+}
+
 void StoryboardPlan::build(ProjectDocument& document) const
 {
     buildTimeline(document);
@@ -136,7 +149,7 @@ void StoryboardPlan::buildTimeline(ProjectDocument& document) const
         progress.reset(new ProgressBar(QStringLiteral("building the timeline"), 0));
     QString error;
     const HostStoryboard storyboard
-        = HostStoryboardBuilder::build(m_timeline, &error, document.changeManager());
+        = HostStoryboardBuilder::build(m_timeline, &error, document.changeManager(), &m_ids);
     if (!storyboard.isValid())
         throw ToolError::failure(QStringLiteral("the engine refused the storyboard: %1").arg(error));
     document.adopt(storyboard.project);

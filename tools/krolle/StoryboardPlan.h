@@ -1,6 +1,9 @@
 // The storyboards the tool generates: their timeline and the names given to them.
 #pragma once
 
+#include "host/engine/HostStoryboardBuilder.h"
+#include "host/engine/SC_Project.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -42,6 +45,11 @@ public:
     // The bundled sample: several acts and sequences, custom and automatic
     // names, shots cut by their time warps, transitions.
     static StoryboardPlan demo();
+    // A storyboard described elsewhere (an imported cut): the engine's compact
+    // timeline, the names of its shots in order, naming rules to set, and the ids
+    // its objects had (see HostStoryboardBuilder::build).
+    static StoryboardPlan custom(const QString& timeline, const QVector<Shot>& shots, unsigned panelCount,
+        bool sequences, const QStringList& ruleSettings, const HostStoryboard& ids);
 
     const QString& timeline() const { return m_timeline; }
     const QVector<Shot>& shots() const { return m_shots; }
@@ -59,4 +67,5 @@ private:
     unsigned m_panelCount = 0;
     bool m_sequences = true;
     QStringList m_ruleSettings; // naming rules to set, in the form of "krolle rules --set"
+    HostStoryboard m_ids; // ids to restore, where the plan has them
 };

@@ -115,6 +115,21 @@ int findTransition(Timeline const& tl, SC_Id const& id)
     return -1;
 }
 
+// The id a restored object asked for, if no object of the project has it; else a new one.
+SC_Id idFor(Timeline const& tl, SC_Id const& wanted)
+{
+    SC_ProjectCommon* common = tl.project->projectCommon();
+    if (wanted.isNull() || common->sceneManager()->find(wanted) || findTransition(tl, wanted) >= 0)
+        return common->allocateId();
+    common->reserveId(wanted);
+    return wanted;
+}
+
+SC_Id wish(std::vector<SC_Id> const& ids, size_t i)
+{
+    return i < ids.size() ? ids[i] : SC_Id();
+}
+
 std::unique_ptr<AT_FrameBlock> warpBlock(quint32 first, quint32 length, SC_Id const& scene)
 {
     return std::make_unique<AT_FrameBlock>(
@@ -446,8 +461,8 @@ SC_Id transitionAt(SC_Project const* project, unsigned junction)
     return seq ? seq->id : SC_Id();
 }
 
-SC_Id insertShot(
-    SC_Project* project, unsigned index, std::vector<unsigned> const& panelLengths, QString* error)
+SC_Id insertShot(SC_Project* project, unsigned index, std::vector<unsigned> const& panelLengths,
+    QString* error, std::vector<SC_Id> const& ids)
 {
     if (!checkProject(project, error) || !checkLengths(panelLengths, error))
         return SC_Id();
@@ -458,10 +473,11 @@ SC_Id insertShot(
     if (tl.junctions[index] >= 0)
         return failId(error, QStringLiteral("junction %1 holds a transition").arg(index));
 
-    TUScene* symbol = project->createScene();
+    TUScene* symbol = project->createScene(QString(), idFor(tl, wish(ids, 0)));
     quint32 total = 0;
-    for (unsigned length : panelLengths) {
-        TUScene* panel = project->createScene();
+    for (size_t i = 0; i < panelLengths.size(); ++i) {
+        unsigned const length = panelLengths[i];
+        TUScene* panel = project->createScene(QString(), idFor(tl, wish(ids, i + 1)));
         symbol->sequence()->insertBlock(
             symbol->sequence()->getBlockCount(), warpBlock(total + 1, length, panel->id));
         total += length;
@@ -663,7 +679,7 @@ bool resizePanel(SC_Project* project, SC_Id const& panel, unsigned newLength, QS
 }
 
 SC_Id insertTransition(SC_Project* project, unsigned junction, unsigned length, int type, int angle,
-    bool reverse, QString* error)
+    bool reverse, QString* error, SC_Id const& wanted)
 {
     if (!checkProject(project, error))
         return SC_Id();
@@ -671,7 +687,7 @@ SC_Id insertTransition(SC_Project* project, unsigned junction, unsigned length, 
     if (!checkFreeJunction(tl, junction, -1, error)
         || !checkTransitionLength(tl, junction, length, -1, error))
         return SC_Id();
-    SC_Id const id = project->projectCommon()->allocateId();
+    SC_Id const id = idFor(tl, wanted);
     attachTransition(tl, junction,
         std::make_unique<AT_FrameBlock>(1, 1, std::make_unique<AT_TransitionSeq>(id, type, angle, reverse)),
         length);

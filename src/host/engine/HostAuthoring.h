@@ -68,8 +68,12 @@ SC_Id transitionAt(SC_Project const* project, unsigned junction);
 /// `panelLengths` (each at least 1 frame, at least one panel). The shot follows its
 /// symbol. Refused where a transition holds the junction. Returns the shot's id, or
 /// the null id when refused.
+///
+/// `ids` restores objects a host had before (an undo, a pasted or imported board): the
+/// shot's id first, then its panels' in order. An id that is null, missing, or used by
+/// another object of the project is allotted anew, so ids stay unique.
 SC_Id insertShot(SC_Project* project, unsigned shotIndex, std::vector<unsigned> const& panelLengths,
-    QString* error = nullptr);
+    QString* error = nullptr, std::vector<SC_Id> const& ids = {});
 /// Removes a shot with its symbol and panel scenes, and the transitions at both its
 /// ends; the shots after it move up to close the gap.
 bool removeShot(SC_Project* project, SC_Id const& shot, QString* error = nullptr);
@@ -100,9 +104,10 @@ bool resizePanel(SC_Project* project, SC_Id const& panel, unsigned newLength, QS
 // Transitions.
 
 /// Inserts a transition of `length` frames at a free junction. Returns its id, or the
-/// null id when refused.
+/// null id when refused. `id` restores a transition's id, as `ids` of insertShot does.
 SC_Id insertTransition(SC_Project* project, unsigned junction, unsigned length,
-    int type = AT_TransitionSeq::eDissolve, int angle = 0, bool reverse = false, QString* error = nullptr);
+    int type = AT_TransitionSeq::eDissolve, int angle = 0, bool reverse = false, QString* error = nullptr,
+    SC_Id const& id = SC_Id());
 /// Removes a transition; the shots it joined no longer overlap.
 bool removeTransition(SC_Project* project, SC_Id const& transition, QString* error = nullptr);
 /// Gives a transition a new length, keeping its id and style.

@@ -123,12 +123,24 @@ bool parse(QString const& description, Parsed& parsed, QString* error)
     return true;
 }
 
+// The ids asked for the n-th shot and its panels, shot first.
+std::vector<SC_Id> shotIds(HostStoryboard const* ids, size_t n)
+{
+    std::vector<SC_Id> wanted;
+    if (!ids || n >= ids->shots.size())
+        return wanted;
+    wanted.push_back(ids->shots[n]);
+    if (n < ids->panels.size())
+        wanted.insert(wanted.end(), ids->panels[n].begin(), ids->panels[n].end());
+    return wanted;
+}
+
 // Makes one shot with its warp and block length; false with the authoring's reason.
-bool makeShot(HostStoryboard& board, ShotToken const& token, QString* what)
+bool makeShot(HostStoryboard& board, ShotToken const& token, std::vector<SC_Id> const& ids, QString* what)
 {
     SC_Project* project = board.project.get();
     SC_Id const shot
-        = HostAuthoring::insertShot(project, HostAuthoring::shotCount(project), token.panels, what);
+        = HostAuthoring::insertShot(project, HostAuthoring::shotCount(project), token.panels, what, ids);
     if (shot.isNull())
         return false;
     if (token.warped && !HostAuthoring::setTimeWarp(project, shot, token.start, token.end, what))
@@ -195,7 +207,8 @@ QString describeTransition(AT_FrameBlock const* block)
 
 namespace HostStoryboardBuilder {
 
-HostStoryboard build(QString const& description, QString* error, TUSceneChangeManager* manager)
+HostStoryboard build(
+    QString const& description, QString* error, TUSceneChangeManager* manager, HostStoryboard const* ids)
 {
     Parsed parsed;
     if (!parse(description, parsed, error))
@@ -207,7 +220,7 @@ HostStoryboard build(QString const& description, QString* error, TUSceneChangeMa
         = description.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
     QString what;
     for (size_t i = 0; i < parsed.shots.size(); ++i) {
-        if (!makeShot(board, parsed.shots[i], &what)) {
+        if (!makeShot(board, parsed.shots[i], shotIds(ids, i), &what)) {
             int const token = parsed.shotTokens[i];
             if (error)
                 *error = tokenError(token, tokens[token], what);
@@ -216,8 +229,9 @@ HostStoryboard build(QString const& description, QString* error, TUSceneChangeMa
     }
     for (size_t i = 0; i < parsed.transitions.size(); ++i) {
         TransitionToken const& t = parsed.transitions[i];
+        SC_Id const wanted = ids && i < ids->transitions.size() ? ids->transitions[i] : SC_Id();
         SC_Id const id = HostAuthoring::insertTransition(
-            project, t.junction, t.length, t.type, t.angle, t.reverse, &what);
+            project, t.junction, t.length, t.type, t.angle, t.reverse, &what, wanted);
         if (id.isNull()) {
             int const token = parsed.transitionTokens[i];
             if (error)

@@ -45,9 +45,10 @@ struct HostStoryboard
 namespace HostStoryboardBuilder {
 
 /// Builds a project; on a refused description the result is invalid and `error`
-/// names the token at fault.
-HostStoryboard build(
-    QString const& description, QString* error = nullptr, TUSceneChangeManager* manager = nullptr);
+/// names the token at fault. `ids`, in the shape of the result, asks for the ids of
+/// objects being restored (see HostAuthoring::insertShot); entries may be missing.
+HostStoryboard build(QString const& description, QString* error = nullptr,
+    TUSceneChangeManager* manager = nullptr, HostStoryboard const* ids = nullptr);
 
 /// The description of a project's timeline, without labels, in the form `build`
 /// reads: shots that follow their symbol show no warp; transitions of the default

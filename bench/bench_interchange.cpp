@@ -1,0 +1,74 @@
+// Interchange at 2,000 and 20,000 panels: a storyboard written as an OTIO cut from
+// an open view, and a board built from that cut's bytes, as the tool's export and
+// import commands do (without the project file's load and save).
+#include "ProjectDocument.h"
+#include "StoryboardPlan.h"
+#include "interchange/OtioReader.h"
+#include "interchange/OtioWriter.h"
+#include "interchange/StoryboardCut.h"
+
+#include "project/KRC_KrolleProject.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QJsonDocument>
+
+#include <map>
+#include <memory>
+
+namespace {
+
+const unsigned kPanelsPerShot = 10;
+const unsigned kFps = 24;
+
+// A generated storyboard like "krolle new" makes, built once per size.
+ProjectDocument& boardOf(unsigned panels)
+{
+    static std::map<unsigned, std::unique_ptr<ProjectDocument>> boards;
+    std::unique_ptr<ProjectDocument>& slot = boards[panels];
+    if (!slot) {
+        GeneratorSettings settings;
+        settings.shots = panels / kPanelsPerShot;
+        settings.panelsPerShot = kPanelsPerShot;
+        settings.transitionEvery = 10;
+        settings.acts = 5;
+        settings.sequences = settings.shots / 20;
+        slot.reset(new ProjectDocument);
+        StoryboardPlan::generated(settings).build(*slot);
+    }
+    return *slot;
+}
+
+QByteArray otioOf(const ProjectDocument& board)
+{
+    const StoryboardCut cut = StoryboardCut::read(board.view(), StoryboardCut::By::Panel, QStringLiteral("bench"));
+    return QJsonDocument(OtioWriter::write(cut, kFps)).toJson(QJsonDocument::Indented);
+}
+
+void BM_ExportOtio(benchmark::State& state)
+{
+    ProjectDocument& board = boardOf(unsigned(state.range(0)));
+    for (auto _ : state) {
+        board.view().invalidate(); // a fresh view, as the tool has after loading
+        benchmark::DoNotOptimize(otioOf(board));
+    }
+    state.counters["per_panel_ns"] = benchmark::Counter(
+        double(state.range(0)), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+void BM_ImportOtio(benchmark::State& state)
+{
+    const QByteArray otio = otioOf(boardOf(unsigned(state.range(0))));
+    for (auto _ : state) {
+        ProjectDocument document;
+        OtioReader::read(otio, QStringLiteral("bench.otio"), 0).plan().build(document);
+        benchmark::DoNotOptimize(document.view().panelCount());
+    }
+    state.counters["per_panel_ns"] = benchmark::Counter(
+        double(state.range(0)), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+} // namespace
+
+BENCHMARK(BM_ExportOtio)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ImportOtio)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);

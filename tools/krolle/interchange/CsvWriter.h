@@ -1,0 +1,16 @@
+// Shot lists as CSV.
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+// Writes the shots or panels of an outline (StoryboardOutline::read, with
+// timecodes) as CSV after RFC 4180: UTF-8, a header row, CRLF line ends,
+// fields quoted where they hold a comma, a quote or a line end. One row per
+// panel (or per shot) with act, sequence, shot, panel, first and last frame,
+// length, timecodes in and out.
+class CsvWriter
+{
+public:
+    static QString write(const QJsonObject& outline, bool byShot);
+};

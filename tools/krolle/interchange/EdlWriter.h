@@ -1,0 +1,18 @@
+// CMX 3600 edit decision lists of a storyboard cut.
+#pragma once
+
+#include <QString>
+
+class StoryboardCut;
+
+// Writes a cut as a CMX 3600 EDL: a title line, "FCM: NON-DROP FRAME", then
+// one event per clip on reel "AX", video, with source timecodes from
+// 00:00:00:00 and record timecodes from 01:00:00:00 at a whole frame rate,
+// each followed by a "* FROM CLIP NAME:" comment. A transition becomes a
+// dissolve ("D" and its length in frames) into the clip after it, starting
+// in_offset frames before the cut; the clip before it ends there.
+class EdlWriter
+{
+public:
+    static QString write(const StoryboardCut& cut, unsigned fps);
+};

@@ -1,0 +1,36 @@
+// A board read from another program's file, before the engine builds it.
+#pragma once
+
+#include "../StoryboardPlan.h"
+
+#include <QStringList>
+#include <QVector>
+
+// Shots with their panel lengths and names, the transitions at the junctions
+// between them, and the project-wide settings that come with them. A null name
+// stays automatic. plan() turns it into the plan the tool builds boards from.
+struct ImportedBoard
+{
+    struct Shot
+    {
+        StoryboardPlan::Shot names;
+        QVector<unsigned> panelLengths;
+    };
+    struct Transition
+    {
+        unsigned junction = 0; // shots before it
+        unsigned length = 0;
+        int type = 0; // the engine's transition type; 0 is a dissolve
+        int angle = 0;
+        bool reverse = false;
+    };
+
+    QVector<Shot> shots;
+    QVector<Transition> transitions; // in timeline order
+    bool sequences = true;
+    QStringList ruleSettings; // naming rules, in the words of "krolle rules --set"
+    QStringList skipped; // what the board has no place for, one sentence each
+    HostStoryboard ids; // the ids the objects had, where the cut tells them
+
+    StoryboardPlan plan() const;
+};

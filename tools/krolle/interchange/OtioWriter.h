@@ -1,0 +1,19 @@
+// OpenTimelineIO documents of a storyboard cut.
+#pragma once
+
+#include <QJsonObject>
+
+class StoryboardCut;
+
+// Writes a cut as an OpenTimelineIO timeline (".otio" JSON): one stack holding
+// one video track "Storyboard", a clip per cut clip with its source range
+// starting at 0 at the given rate, a "SMPTE_Dissolve" transition per cut
+// transition, a marker at each shot's first clip, and the storyboard's facts
+// under the "krolle" key of each object's metadata. Every field of each schema
+// is present, null where it has no value. Clips have no media yet
+// (MissingReference). The timeline starts at 01:00:00:00.
+class OtioWriter
+{
+public:
+    static QJsonObject write(const StoryboardCut& cut, unsigned fps);
+};
