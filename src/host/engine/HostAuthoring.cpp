@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <unordered_set>
 #include <memory>
 
 namespace {
@@ -21,6 +22,8 @@ struct Timeline
     TUSeqTimedValue* tv = nullptr;
     std::vector<unsigned> shots; // list positions of the blocks that are no transitions
     std::vector<int> junctions; // per junction, the list position of its transition or -1
+    mutable std::unordered_set<quint64> transitionIds; // filled by holdsTransition
+    mutable bool transitionIdsKnown = false;
 
     unsigned count() const { return unsigned(shots.size()); }
     AT_FrameBlock const* shot(unsigned k) const { return tv->blockAt(shots[k]); }
@@ -115,11 +118,24 @@ int findTransition(Timeline const& tl, SC_Id const& id)
     return -1;
 }
 
+// Whether a transition of the timeline has the id; the ids are gathered on first use.
+bool holdsTransition(Timeline const& tl, SC_Id const& id)
+{
+    if (!tl.transitionIdsKnown) {
+        for (unsigned j = 0; j < tl.junctions.size(); ++j) {
+            if (auto const* seq = tl.transition(j) ? AT_TransitionSeq::toTransition(tl.transition(j)->seq()) : nullptr)
+                tl.transitionIds.insert(seq->id.value());
+        }
+        tl.transitionIdsKnown = true;
+    }
+    return tl.transitionIds.count(id.value()) > 0;
+}
+
 // The id a restored object asked for, if no object of the project has it; else a new one.
 SC_Id idFor(Timeline const& tl, SC_Id const& wanted)
 {
     SC_ProjectCommon* common = tl.project->projectCommon();
-    if (wanted.isNull() || common->sceneManager()->find(wanted) || findTransition(tl, wanted) >= 0)
+    if (wanted.isNull() || common->sceneManager()->find(wanted) || holdsTransition(tl, wanted))
         return common->allocateId();
     common->reserveId(wanted);
     return wanted;
@@ -134,6 +150,22 @@ std::unique_ptr<AT_FrameBlock> warpBlock(quint32 first, quint32 length, SC_Id co
 {
     return std::make_unique<AT_FrameBlock>(
         first, first + length - 1, std::make_unique<AT_TimeWarpSeq>(scene, 1.0, double(length)));
+}
+
+// A shot's symbol with one panel scene per length, with the ids asked for where free
+// (the shot's first, then its panels'); `total` is the symbol's length.
+TUScene* makeSymbol(Timeline const& tl, std::vector<unsigned> const& panelLengths, std::vector<SC_Id> const& ids,
+    quint32& total)
+{
+    TUScene* symbol = tl.project->createScene(QString(), idFor(tl, wish(ids, 0)));
+    total = 0;
+    for (size_t i = 0; i < panelLengths.size(); ++i) {
+        TUScene* panel = tl.project->createScene(QString(), idFor(tl, wish(ids, i + 1)));
+        symbol->sequence()->insertBlock(
+            symbol->sequence()->getBlockCount(), warpBlock(total + 1, panelLengths[i], panel->id));
+        total += panelLengths[i];
+    }
+    return symbol;
 }
 
 // Takes the block at `pos` out and closes the gap: the next block moves to where the
@@ -473,19 +505,45 @@ SC_Id insertShot(SC_Project* project, unsigned index, std::vector<unsigned> cons
     if (tl.junctions[index] >= 0)
         return failId(error, QStringLiteral("junction %1 holds a transition").arg(index));
 
-    TUScene* symbol = project->createScene(QString(), idFor(tl, wish(ids, 0)));
     quint32 total = 0;
-    for (size_t i = 0; i < panelLengths.size(); ++i) {
-        unsigned const length = panelLengths[i];
-        TUScene* panel = project->createScene(QString(), idFor(tl, wish(ids, i + 1)));
-        symbol->sequence()->insertBlock(
-            symbol->sequence()->getBlockCount(), warpBlock(total + 1, length, panel->id));
-        total += length;
-    }
+    TUScene* symbol = makeSymbol(tl, panelLengths, ids, total);
     unsigned const pos = index < tl.count() ? tl.shots[index] : tl.tv->getBlockCount();
     pasteBlock(tl.tv, pos, warpBlock(1, total, symbol->id), firstFrameAt(tl.tv, pos));
     managerOf(project)->postSceneChanged();
     return symbol->id;
+}
+
+std::vector<SC_Id> appendShots(SC_Project* project, std::vector<std::vector<unsigned>> const& panelLengths,
+    QString* error, std::vector<std::vector<SC_Id>> const& ids, std::vector<std::vector<SC_Id>>* panelIds)
+{
+    if (!checkProject(project, error))
+        return {};
+    for (auto const& lengths : panelLengths) {
+        if (!checkLengths(lengths, error))
+            return {};
+    }
+    Timeline const tl = scan(project);
+    if (tl.junctions.back() >= 0)
+        return fail(error, QStringLiteral("junction %1 holds a transition").arg(tl.count())), std::vector<SC_Id>();
+    // Each shot starts after the last; nothing is asked of the sequence meanwhile, so
+    // its index is rebuilt once, when next read.
+    quint32 first = tl.tv->nFrames() + 1;
+    std::vector<SC_Id> shots;
+    shots.reserve(panelLengths.size());
+    for (size_t k = 0; k < panelLengths.size(); ++k) {
+        quint32 total = 0;
+        TUScene* symbol = makeSymbol(tl, panelLengths[k], k < ids.size() ? ids[k] : std::vector<SC_Id>(), total);
+        tl.tv->insertBlock(tl.tv->getBlockCount(), warpBlock(first, total, symbol->id));
+        first += total;
+        shots.push_back(symbol->id);
+        if (panelIds) {
+            panelIds->emplace_back();
+            for (unsigned i = 0; i < symbol->sequence()->getBlockCount(); ++i)
+                panelIds->back().push_back(sceneIdOf(symbol->sequence()->blockAt(i)));
+        }
+    }
+    managerOf(project)->postSceneChanged();
+    return shots;
 }
 
 bool removeShot(SC_Project* project, SC_Id const& shot, QString* error)

@@ -74,6 +74,13 @@ SC_Id transitionAt(SC_Project const* project, unsigned junction);
 /// another object of the project is allotted anew, so ids stay unique.
 SC_Id insertShot(SC_Project* project, unsigned shotIndex, std::vector<unsigned> const& panelLengths,
     QString* error = nullptr, std::vector<SC_Id> const& ids = {});
+/// Appends shots after the last one, as insertShot at the end would one by one, in time
+/// linear in what is added (for builders and importers); `ids` per shot as insertShot's.
+/// Returns the new shots' ids, or an empty list when refused (nothing is then added);
+/// `panelIds`, when given, receives the ids of their panels.
+std::vector<SC_Id> appendShots(SC_Project* project, std::vector<std::vector<unsigned>> const& panelLengths,
+    QString* error = nullptr, std::vector<std::vector<SC_Id>> const& ids = {},
+    std::vector<std::vector<SC_Id>>* panelIds = nullptr);
 /// Removes a shot with its symbol and panel scenes, and the transitions at both its
 /// ends; the shots after it move up to close the gap.
 bool removeShot(SC_Project* project, SC_Id const& shot, QString* error = nullptr);

@@ -135,14 +135,23 @@ std::vector<SC_Id> shotIds(HostStoryboard const* ids, size_t n)
     return wanted;
 }
 
-// Makes one shot with its warp and block length; false with the authoring's reason.
-bool makeShot(HostStoryboard& board, ShotToken const& token, std::vector<SC_Id> const& ids, QString* what)
+// Makes every shot in one pass; false with the authoring's reason.
+bool makeShots(HostStoryboard& board, std::vector<ShotToken> const& tokens, HostStoryboard const* ids, QString* what)
+{
+    std::vector<std::vector<unsigned>> lengths;
+    std::vector<std::vector<SC_Id>> wanted;
+    for (size_t i = 0; i < tokens.size(); ++i) {
+        lengths.push_back(tokens[i].panels);
+        wanted.push_back(shotIds(ids, i));
+    }
+    board.shots = HostAuthoring::appendShots(board.project.get(), lengths, what, wanted, &board.panels);
+    return board.shots.size() == tokens.size();
+}
+
+// Gives a shot its warp, block length and label; false with the reason.
+bool finishShot(HostStoryboard& board, ShotToken const& token, SC_Id const& shot, QString* what)
 {
     SC_Project* project = board.project.get();
-    SC_Id const shot
-        = HostAuthoring::insertShot(project, HostAuthoring::shotCount(project), token.panels, what, ids);
-    if (shot.isNull())
-        return false;
     if (token.warped && !HostAuthoring::setTimeWarp(project, shot, token.start, token.end, what))
         return false;
     if (token.blockLength > 0 && !HostAuthoring::resizeShot(project, shot, token.blockLength, what))
@@ -151,10 +160,6 @@ bool makeShot(HostStoryboard& board, ShotToken const& token, std::vector<SC_Id> 
         *what = QStringLiteral("the label is given twice");
         return false;
     }
-    board.shots.push_back(shot);
-    board.panels.emplace_back();
-    for (unsigned i = 0; i < token.panels.size(); ++i)
-        board.panels.back().push_back(HostAuthoring::panelId(project, shot, i));
     return true;
 }
 
@@ -219,8 +224,13 @@ HostStoryboard build(
     QStringList const tokens
         = description.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
     QString what;
+    if (!makeShots(board, parsed.shots, ids, &what)) {
+        if (error)
+            *error = what;
+        return HostStoryboard();
+    }
     for (size_t i = 0; i < parsed.shots.size(); ++i) {
-        if (!makeShot(board, parsed.shots[i], shotIds(ids, i), &what)) {
+        if (!finishShot(board, parsed.shots[i], board.shots[i], &what)) {
             int const token = parsed.shotTokens[i];
             if (error)
                 *error = tokenError(token, tokens[token], what);
