@@ -5,11 +5,13 @@
 #include "Command.h"
 #include "Console.h"
 #include "DemoCommand.h"
+#include "FieldsCommand.h"
 #include "InsertPanelCommand.h"
 #include "InsertShotCommand.h"
 #include "NewCommand.h"
 #include "OutlineCommand.h"
 #include "RulesCommand.h"
+#include "SetCommand.h"
 #include "TextTable.h"
 
 #include <new>
@@ -32,6 +34,9 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new InsertShotCommand);
     m_commands.emplace_back(new InsertPanelCommand);
     m_commands.emplace_back(new CheckCommand);
+    // Info fields.
+    m_commands.emplace_back(new FieldsCommand);
+    m_commands.emplace_back(new SetCommand);
 }
 
 KrolleTool::~KrolleTool() = default;
