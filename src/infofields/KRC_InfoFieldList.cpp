@@ -9,7 +9,10 @@
 #include "infofields/KRC_InfoFieldText.h"
 #include "metadata/KRC_MetadataRecordImpl.h"
 
+#include <QFont>
 #include <QTextDocument>
+
+#include <algorithm>
 
 /// Nothing of its own: the values live in the list base.
 class KRC_InfoFieldListPrivate
@@ -23,12 +26,93 @@ QString const KRC_InfoFieldList::kPIO_KRMETA_Version = QStringLiteral("1.0");
 
 namespace {
 
-/// Plain text as the rich text that an editor of the field would store.
-QString asRichText(QString const& plain)
+/// The rich text that a QTextDocument makes of plain text.
+QString documentHtml(QString const& plain)
 {
     QTextDocument document;
     document.setPlainText(plain);
     return document.toHtml(QByteArray());
+}
+
+/// The pieces of a QTextDocument's HTML around the lines of a plain text, for the
+/// document's default font: what stands before the first paragraph, a paragraph's
+/// opening, an empty paragraph and the end. A project read carries thousands of text
+/// values, and a document per value would cost many times the read itself.
+class RichTextFrame
+{
+public:
+    /// The frame for the current default font, remade when that font changes; false
+    /// when the document's output has a shape this frame does not know.
+    static RichTextFrame const* current()
+    {
+        static RichTextFrame frame;
+        const QFont font;
+        if (!frame.m_made || !(frame.m_font == font)) {
+            frame = RichTextFrame(font);
+            frame.m_made = true;
+        }
+        return frame.m_usable ? &frame : nullptr;
+    }
+
+    /// Whether the lines of `plain` need no more than escaping of `&`, `<`, `>` and `"`.
+    static bool fits(QString const& plain)
+    {
+        return std::all_of(plain.begin(), plain.end(), [](QChar c) {
+            return (c.unicode() >= 0x20 && c.unicode() < 0x7f) || c == QLatin1Char('\n') || c == QLatin1Char('\t');
+        });
+    }
+
+    QString html(QString const& plain) const
+    {
+        const QVector<QStringRef> lines = plain.splitRef(QLatin1Char('\n'));
+        QString html;
+        html.reserve(m_head.size() + m_tail.size() + lines.size() * (m_empty.size() + 8) + plain.size() * 2);
+        html += m_head;
+        for (int i = 0; i < lines.size(); ++i) {
+            if (i > 0)
+                html += QLatin1Char('\n');
+            if (lines[i].isEmpty())
+                html += m_empty;
+            else
+                html += m_paragraph + lines[i].toString().toHtmlEscaped() + QLatin1String("</p>");
+        }
+        return html + m_tail;
+    }
+
+private:
+    RichTextFrame() = default;
+    explicit RichTextFrame(QFont const& font)
+        : m_font(font)
+    {
+        // "x", an empty line, "x": every piece shows once, and the frame is checked
+        // by making that document again from the pieces.
+        const QString sample = QStringLiteral("x\n\nx");
+        const QString made = documentHtml(sample);
+        const int first = made.indexOf(QLatin1String("<p "));
+        const int text = made.indexOf(QLatin1String(">x</p>"), first) + 1;
+        const int empty = made.indexOf(QLatin1String("<p "), text);
+        const int afterEmpty = made.indexOf(QLatin1Char('\n'), empty);
+        const int last = made.lastIndexOf(QLatin1String("x</p>"));
+        if (first < 0 || text <= 0 || empty < 0 || afterEmpty < 0 || last < 0)
+            return;
+        m_head = made.left(first);
+        m_paragraph = made.mid(first, text - first);
+        m_empty = made.mid(empty, afterEmpty - empty);
+        m_tail = made.mid(last + 5);
+        m_usable = html(sample) == made;
+    }
+
+    QFont m_font;
+    QString m_head, m_paragraph, m_empty, m_tail;
+    bool m_made = false;
+    bool m_usable = false;
+};
+
+/// Plain text as the rich text that an editor of the field would store.
+QString asRichText(QString const& plain)
+{
+    RichTextFrame const* frame = RichTextFrame::fits(plain) ? RichTextFrame::current() : nullptr;
+    return frame ? frame->html(plain) : documentHtml(plain);
 }
 
 /// Appends one value per "field" with an integer "id", in document order.

@@ -118,6 +118,20 @@ TEST(InfoFieldRecords, ValuesAreWrittenCleanAndReadAsRichText)
     EXPECT_EQ(plain->getInfoField(2)->value(), QStringLiteral("<b>x</b>")); // rich text stays
 }
 
+// Whatever the text, the read value is exactly what a text document makes of it.
+TEST(InfoFieldRecords, ReadRichTextIsTheDocumentsOwn)
+{
+    for (char const* plain : { "a", "a\n\nb", "\nx\n", " two  spaces\t<&>\"' ", "caf\xc3\xa9 \xe2\x82\xac" }) {
+        KRC_InfoFieldList list;
+        list.insertInfoField(1, 0, QString::fromUtf8(plain), INT_MAX);
+        auto metas = metatest::roundTrip(list);
+        QTextDocument document;
+        document.setPlainText(QString::fromUtf8(plain));
+        EXPECT_EQ(metatest::first<KRC_InfoFieldList>(metas.get())->front()->value(), document.toHtml(QByteArray()))
+            << plain;
+    }
+}
+
 TEST(InfoFieldRecords, DragKeepsTheName)
 {
     KRC_InfoFieldList list;
