@@ -20,10 +20,7 @@ namespace {
 class ExtraFieldDescListMetadataReader : public InfoFieldRecordReader
 {
 public:
-    explicit ExtraFieldDescListMetadataReader(KRC_ExtraInfoFieldDescList* record)
-        : InfoFieldRecordReader(record)
-    {
-    }
+    using InfoFieldRecordReader::InfoFieldRecordReader;
 
 protected:
     void readField(QXmlAttributes const& attributes) override

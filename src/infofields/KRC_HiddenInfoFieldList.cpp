@@ -20,10 +20,7 @@ namespace {
 class HiddenInfoFieldListMetadataReader : public InfoFieldRecordReader
 {
 public:
-    explicit HiddenInfoFieldListMetadataReader(KRC_HiddenInfoFieldList* record)
-        : InfoFieldRecordReader(record)
-    {
-    }
+    using InfoFieldRecordReader::InfoFieldRecordReader;
 
 protected:
     void readField(QXmlAttributes const& attributes) override

@@ -10,10 +10,7 @@ namespace {
 class FieldDescListMetadataReader : public InfoFieldRecordReader
 {
 public:
-    explicit FieldDescListMetadataReader(KRC_InfoFieldDescList* record)
-        : InfoFieldRecordReader(record)
-    {
-    }
+    using InfoFieldRecordReader::InfoFieldRecordReader;
 
 protected:
     void readField(QXmlAttributes const& attributes) override

@@ -119,10 +119,7 @@ QString asRichText(QString const& plain)
 class InfoFieldListMetadataReader : public InfoFieldRecordReader
 {
 public:
-    explicit InfoFieldListMetadataReader(KRC_InfoFieldList* record)
-        : InfoFieldRecordReader(record)
-    {
-    }
+    using InfoFieldRecordReader::InfoFieldRecordReader;
 
 protected:
     void readField(QXmlAttributes const& attributes) override
