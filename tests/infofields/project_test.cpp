@@ -6,7 +6,11 @@
 #include "support/InfoFieldInvariants.h"
 #include "support/ProjectBoard.h"
 
+#include <QSignalSpy>
+
 #include <gtest/gtest.h>
+
+Q_DECLARE_METATYPE(TUMetadataSet)
 
 using namespace fieldtest;
 
@@ -57,17 +61,19 @@ protected:
         }
         return all;
     }
-    /// The codes that reach the change manager's metadataChanged at the next notify.
+    /// The codes that reach the change manager's metadataChanged at the next notify,
+    /// which sends it once or, with nothing posted, not at all.
     std::multiset<int> reportedCodes()
     {
-        std::multiset<int> codes;
-        QObject context;
-        QObject::connect(&board.manager, &TUSceneChangeManager::metadataChanged, &context,
-            [&codes](TUMetadataSet const& changes) {
-                for (PIO_MetaModif const& change : changes)
-                    codes.insert(change.code);
-            });
+        qRegisterMetaType<TUMetadataSet>();
+        QSignalSpy spy(&board.manager, &TUSceneChangeManager::metadataChanged);
         board.notify();
+        EXPECT_LE(spy.count(), 1);
+        std::multiset<int> codes;
+        for (QList<QVariant> const& call : spy) {
+            for (PIO_MetaModif const& change : call.at(0).value<TUMetadataSet>())
+                codes.insert(change.code);
+        }
         return codes;
     }
 
