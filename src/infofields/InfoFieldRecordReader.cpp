@@ -14,3 +14,8 @@ UT_SharedPtr<PIO_XML::ComponentReader> InfoFieldRecordReader::handleStartElement
         readField(attributes);
     return self();
 }
+
+bool InfoFieldRecordReader::readId(QXmlAttributes const& attributes, int& id)
+{
+    return checkedInt(attributes, InfoFieldFormat::kId, id);
+}

@@ -18,4 +18,7 @@ public:
 protected:
     /// One "field" element; `record()` is not null here.
     virtual void readField(QXmlAttributes const& attributes) = 0;
+    /// The field's "id" into `id`; false, and the field is to be dropped, when it is not
+    /// an integer.
+    static bool readId(QXmlAttributes const& attributes, int& id);
 };

@@ -16,7 +16,7 @@ protected:
     void readField(QXmlAttributes const& attributes) override
     {
         int id = 0;
-        if (!checkedInt(attributes, InfoFieldFormat::kId, id))
+        if (!readId(attributes, id))
             return;
         recordAs<KRC_InfoFieldDescList>()->add(InfoFieldFormat::readType(attributes), id,
             text(attributes, InfoFieldFormat::kName), KRC_InfoFieldDesc::kDefault);

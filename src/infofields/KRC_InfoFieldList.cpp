@@ -125,7 +125,7 @@ protected:
     void readField(QXmlAttributes const& attributes) override
     {
         int id = 0;
-        if (!checkedInt(attributes, InfoFieldFormat::kId, id))
+        if (!readId(attributes, id))
             return;
         const KRC_InfoFieldDesc::Type type = InfoFieldFormat::readType(attributes);
         QString value = text(attributes, InfoFieldFormat::kValue);
