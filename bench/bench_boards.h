@@ -55,12 +55,18 @@ struct BenchBoard
     {
         static std::map<unsigned, std::unique_ptr<BenchBoard>> boards;
         std::unique_ptr<BenchBoard>& slot = boards[panels];
-        if (!slot) {
-            slot.reset(new BenchBoard);
-            slot->board = HostStoryboardBuilder::build(description(panels), nullptr, &slot->manager);
-            slot->view.reset(new KRC_KrolleProject(slot->board.project.get()));
-        }
+        if (!slot)
+            slot = fresh(panels);
         return *slot;
+    }
+
+    /// A board of its own, for benchmarks that leave records on it.
+    static std::unique_ptr<BenchBoard> fresh(unsigned panels)
+    {
+        std::unique_ptr<BenchBoard> made(new BenchBoard);
+        made->board = HostStoryboardBuilder::build(description(panels), nullptr, &made->manager);
+        made->view.reset(new KRC_KrolleProject(made->board.project.get()));
+        return made;
     }
 
 private:

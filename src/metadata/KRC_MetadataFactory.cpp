@@ -1,5 +1,12 @@
 #include "metadata/KRC_MetadataFactory.h"
 
+// Info field records.
+#include "infofields/KRC_ExtraInfoFieldDescList.h"
+#include "infofields/KRC_HiddenInfoFieldList.h"
+#include "infofields/KRC_InfoFieldList.h"
+#include "infofields/KRC_PanelInfoFieldDescList.h"
+#include "infofields/KRC_ProjectInfoFieldDescList.h"
+
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/KRC_ReferenceToolData.h"
@@ -34,6 +41,12 @@ std::vector<Entry> const& dispatchTable()
     static std::vector<Entry> const table {
         { KRC_SceneInfo::kPIO_KRMETA_Keyword, &create<KRC_SceneInfo> },
         { KRC_PanelInfo::kPIO_KRMETA_Keyword, &create<KRC_PanelInfo> },
+        // Info field records.
+        { KRC_ProjectInfoFieldDescList::kPIO_KRMETA_Keyword, &create<KRC_ProjectInfoFieldDescList> },
+        { KRC_PanelInfoFieldDescList::kPIO_KRMETA_Keyword, &create<KRC_PanelInfoFieldDescList> },
+        { KRC_InfoFieldList::kPIO_KRMETA_Keyword, &create<KRC_InfoFieldList> },
+        { KRC_ExtraInfoFieldDescList::kPIO_KRMETA_Keyword, &create<KRC_ExtraInfoFieldDescList> },
+        { KRC_HiddenInfoFieldList::kPIO_KRMETA_Keyword, &create<KRC_HiddenInfoFieldList> },
         { KRC_NamingRules::kPIO_KRMETA_Keyword, &create<KRC_NamingRules> },
         { KRC_PdfOptions::kPIO_KRMETA_Keyword, &create<KRC_PdfOptions> },
         { KRC_ReferenceToolData::kPIO_KRMETA_Keyword, &create<KRC_ReferenceToolData> },

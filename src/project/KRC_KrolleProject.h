@@ -2,6 +2,8 @@
 #pragma once
 
 #include "host/Host.h"
+#include "infofields/KRC_ExtraInfoFieldDescList.h"
+#include "infofields/KRC_InfoFieldDescList.h"
 #include "project/EngineLinks.h"
 #include "project/PanelTrans_t.h"
 #include "project/objTransIterator.h"
@@ -10,9 +12,16 @@
 #include <QObject>
 #include <QString>
 
+#include <list>
+#include <map>
+#include <set>
 #include <vector>
 
+class KRC_HiddenInfoFieldList;
+class KRC_InfoFieldList;
 class KRC_KrolleProjectPrivate;
+class KRC_PanelInfoFieldDescList;
+class KRC_ProjectInfoFieldDescList;
 class KRC_NameHelper;
 class KRC_NamingRules;
 class KRC_ReferenceToolData;
@@ -326,6 +335,87 @@ public:
     /// A mixed iterator on the transition or panel with that id.
     Krolle::objTransIterator<Krolle::Panel_t> panelTransById(SC_Id const& id) const;
 
+    // Info fields (KRC_KrolleProjectInfoFields.cpp)
+    // The one door through which fields change. A project field (`panel` false) has its
+    // definition in infoFieldDescList() and its value in the project's infoFieldList();
+    // a panel field (`panel` true) has its definition in panelInfoFieldDescList() and a
+    // value in the list of every panel, made on demand. Ids as in InfoFieldIds.h:
+    // `INT_MAX` the end or "none", `INT_MIN` the first. Where a `report` argument is
+    // given, the records that change report to changeManager() with the codes 3 (added,
+    // or a name shown), 4 (ids remapped), 5 (renamed), 6 (removed, or a name hidden), 7
+    // (moved); the forms without it always report. Every record is made on its first
+    // read; each accessor is null without a project.
+    using InfoFieldType = KRC_InfoFieldDesc::Type;
+    using InfoFieldSize = KRC_InfoFieldDesc::Size;
+    KRC_ProjectInfoFieldDescList* infoFieldDescList() const;
+    KRC_PanelInfoFieldDescList* panelInfoFieldDescList() const;
+    KRC_ExtraInfoFieldDescList* panelExtraInfoFieldDescList() const;
+    KRC_InfoFieldList* infoFieldList() const;
+    KRC_InfoFieldDescList_t::iterator beginProjectInfoFieldDesc();
+    KRC_InfoFieldDescList_t::iterator endProjectInfoFieldDesc();
+    KRC_InfoFieldDescList_t::iterator beginPanelInfoFieldDesc();
+    KRC_InfoFieldDescList_t::iterator endPanelInfoFieldDesc();
+    KRC_ExtraInfoFieldDescList_t::iterator beginPanelExtraInfoFields();
+    KRC_ExtraInfoFieldDescList_t::iterator endPanelExtraInfoFields();
+    /// Defines a field in front of `beforeId` (a new id for `INT_MAX`; an existing id is
+    /// replaced, without a removal report) and gives each owner a value: the entries of
+    /// `values` in turn, each at the place its `nextId` names (what removeInfoField
+    /// handed out, panel by panel in walk order), then empty values. Answers the id.
+    int insertInfoField(bool panel, InfoFieldType type, QString const& name, int id, InfoFieldSize size,
+        KRC_InfoFieldList const& values, int beforeId, bool report);
+    int insertInfoField(
+        bool panel, InfoFieldType type, QString const& name, int id, InfoFieldSize size, int beforeId, bool report);
+    int insertInfoField(bool panel, InfoFieldType type, QString const& name, int id, int beforeId, bool report);
+    int insertInfoField(
+        bool panel, KRC_InfoFieldDesc const& desc, KRC_InfoFieldList const& values, int beforeId, bool report);
+    int insertInfoField(bool panel, KRC_InfoFieldDesc const& desc, int beforeId, bool report);
+    /// A text comment named "Comments" for all panels.
+    int insertPitchModeInfoField(int id, int beforeId, bool report);
+    /// The first panel definition with the comment bit, else the first named
+    /// "Comments", else `INT_MAX`.
+    int getPitchModeField() const;
+    /// Takes the definition out (into `desc`) and every owner's value (appended to
+    /// `values`, one entry per owner, null where an owner had none). Answers the id that
+    /// followed the definition (`INT_MAX` when last), or `id` itself when unknown.
+    int removeInfoField(
+        bool panel, int id, KRC_InfoFieldDesc& desc, KRC_InfoFieldList& values, bool report);
+    bool removeInfoField(bool panel, std::set<int> const& ids);
+    /// Moves the definition and every value; answers the definition list's `move`.
+    int moveInfoField(bool panel, int id, int beforeId, bool report);
+    bool remapInfoField(bool panel, std::map<int, int> const& ids);
+    /// Renames the definition only; answers the id, or `INT_MAX` when unknown.
+    int renameInfoField(bool panel, int id, QString const& name, QString& oldName, bool report);
+    int renameInfoField(bool panel, int id, QString const& name, bool report);
+    /// Empties the definitions (always reporting 6); values stay on their owners.
+    void clearInfoFields(bool panel);
+    void clearPanelExtraInfoFields();
+    void insertExtraInfoField(KRC_ExtraInfoFieldDesc const& desc);
+    void insertExtraInfoField(InfoFieldType type, QString const& name, int position);
+    /// The id of the first definition with that name, else of the first value of
+    /// `local` with it, else `INT_MAX`.
+    int getFieldByName(bool panel, QString const& name, KRC_InfoFieldList const* local = nullptr) const;
+    /// The definition, else for a negative id a description of the local value of
+    /// `local` (one static object, overwritten by the next such answer), else null.
+    KRC_InfoFieldDesc* getInfoFieldDesc(bool panel, int id, KRC_InfoFieldList const* local = nullptr) const;
+    void getInfoFieldIds(bool panel, std::set<int>& ids) const;
+    /// `base` when free among the definitions (and `local`'s names), else "base 2",
+    /// "base 3", ...
+    QString getUniqInfoFieldName(QString const& base, bool panel, KRC_InfoFieldList const* local = nullptr) const;
+    /// The same from "Sketch" for kind 2 exactly, from "Untitled" otherwise.
+    QString getUniqInfoFieldName(InfoFieldType type, bool panel, KRC_InfoFieldList const* local = nullptr) const;
+    /// Hides or shows a name, for definitions and extra definitions alike; reports 3
+    /// (shown) or 6 (hidden) only on a real change.
+    void setInfoFieldVisible(QString const& name, bool visible);
+    bool isInfoFieldVisible(QString const& name) const;
+    /// Replaces the hidden names; on a real change reports 3, then 6.
+    void setHiddenInfoFields(std::set<QString> const& names);
+    /// Pointers into the lists, in order, to the entries whose name is not hidden;
+    /// good until the list changes.
+    std::list<KRC_InfoFieldDesc*> visiblePanelInfoFieldDescList() const;
+    std::list<KRC_ExtraInfoFieldDesc*> visibleExtraPanelInfoFieldDescList() const;
+    quint64 getNumPanelInfoFields() const;
+    quint64 getNumProjectPanelInfoFields() const;
+
 protected:
     /// Walks all panels, then all transitions, filling the caches on the way.
     void buildAll() const;
@@ -333,12 +423,19 @@ protected:
     /// `backwards`; the invalid transition at the end of the list or for a null block.
     Krolle::Trans_t following_transition(
         bool backwards, AT_FrameBlock const* block, TUSeqTimedValue* tv) const;
+    /// The names of the hidden info fields, made on the first read.
+    KRC_HiddenInfoFieldList* getHiddenInfofields() const;
 
 protected slots:
     void onSceneChanged();
     void onTimedValuesChanged(const TUTvSet& values);
 
 private:
+    // Info fields: the definitions of project (`panel` false) or panel fields, and the
+    // report of one record's change when `report` asks for it.
+    KRC_InfoFieldDescList* descListOf(bool panel) const;
+    void reportInfoFieldChange(PIO_Metadata* record, int code, bool report) const;
+
     Krolle::Shot_t shotOfBlock(AT_FrameBlock const* block) const;
     Krolle::Panel_t makePanel(Krolle::Shot_t const& shot, Krolle::ObjectCache<Krolle::Panel_t>& cache,
         AT_FrameBlock const* block, TUScene* scene) const;

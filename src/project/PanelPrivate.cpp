@@ -10,6 +10,7 @@ PanelPrivate::PanelPrivate(
     , symbol(panelScene)
     , shot(holder)
     , panelInfo(metadatasOf(panelScene))
+    , infoFieldList(PIO_MetadataAccess<KRC_InfoFieldList>::lookupOnly(metadatasOf(panelScene)))
     , pdfOptions(metadatasOf(panelScene))
 {
 }

@@ -1,6 +1,7 @@
 // The private object of a panel handle.
 #pragma once
 
+#include "infofields/KRC_InfoFieldList.h"
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/PIO_MetadataAccess.h"
@@ -34,6 +35,9 @@ public:
     // KRC_Tracking, KRC_ExposurePoints, KRC_LayerInfos, KRC_SoundAnnotation,
     // KRC_PdfOptions.
     PIO_MetadataAccess<KRC_PanelInfo> panelInfo;
+    /// Looks up without creating; Panel_t::infoFieldList() creates the list on its
+    /// first read, so panels without fields save no empty record.
+    PIO_MetadataAccess<KRC_InfoFieldList> infoFieldList;
     PIO_MetadataAccess<KRC_PdfOptions> pdfOptions;
 };
 

@@ -49,6 +49,14 @@ KRC_PanelInfo* Panel_t::panelInfo() const
     return get()->panelInfo.get();
 }
 
+KRC_InfoFieldList* Panel_t::infoFieldList() const
+{
+    PIO_MetadataAccess<KRC_InfoFieldList>& access = get()->infoFieldList;
+    if (!access)
+        access = PIO_MetadataAccess<KRC_InfoFieldList>(access.metadatas());
+    return access.get();
+}
+
 KRC_PdfOptions* Panel_t::pdfOptions() const
 {
     return get()->pdfOptions.get();

@@ -36,6 +36,9 @@ public:
     /// The panel's record on its own scene, made with the panel's first handle; null
     /// without a scene.
     KRC_PanelInfo* panelInfo() const;
+    /// The values of the panel's info fields, made on the first read; null without a
+    /// scene.
+    KRC_InfoFieldList* infoFieldList() const;
     /// The panel's PDF export options, made with the panel's first handle; null without
     /// a scene.
     KRC_PdfOptions* pdfOptions() const;

@@ -32,6 +32,11 @@ void ToolSandbox::setEnvironment(const QString& name, const QString& value)
     m_environment.insert(name, value);
 }
 
+void ToolSandbox::unsetEnvironment(const QString& name)
+{
+    m_environment.remove(name);
+}
+
 ToolRun ToolSandbox::run(const QStringList& arguments) const
 {
     QProcess process;

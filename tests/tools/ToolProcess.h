@@ -33,6 +33,7 @@ public:
     QString path(const QString& name) const;
     ToolRun run(const QStringList& arguments) const;
     void setEnvironment(const QString& name, const QString& value);
+    void unsetEnvironment(const QString& name);
     // Copies a file of tests/tools/data into the sandbox under the same name.
     void copyData(const QString& name) const;
     QByteArray read(const QString& name) const;

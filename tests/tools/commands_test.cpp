@@ -316,3 +316,53 @@ TEST(ToolExamples, AreWhatTheToolMakesAndCheckClean)
 }
 
 } // namespace
+
+// Info fields: defined, edited and valued through the tool, on a machine without a
+// display (no DISPLAY, no QT_QPA_PLATFORM): reading turns plain values into rich text.
+TEST_F(ToolCommands, InfoFieldsDefinedValuedAndShown)
+{
+    sandbox.unsetEnvironment(QStringLiteral("DISPLAY"));
+    sandbox.unsetEnvironment(QStringLiteral("QT_QPA_PLATFORM"));
+    const std::pair<QStringList, const char*> cases[] = {
+        { { "fields", "small.xml", "--add", "Dialogue" }, "fields_add.txt" },
+        { { "set", "small.xml", "--panel", "1/1", "--field", "Dialogue", "--value", "Hello\nthere" },
+            "set_panel.txt" },
+        { { "fields", "small.xml", "--add", "Action", "--before", "Dialogue" }, nullptr },
+        { { "fields", "small.xml", "--add", "Cover", "--image", "--project" }, nullptr },
+        { { "set", "small.xml", "--project", "--field", "Cover", "--value", "img/cover.png" }, nullptr },
+        { { "set", "small.xml", "--panel", "2/2", "--field", "Action", "--value", "Runs <off>" }, nullptr },
+        { { "fields", "small.xml", "--hide", "Action" }, "fields_hidden.txt" },
+        { { "outline", "small.xml", "--fields" }, "outline_fields.txt" },
+        { { "fields", "small.xml", "--show", "Action" }, nullptr },
+        { { "fields", "small.xml", "--rename", "Action", "Move" }, nullptr },
+        { { "fields", "small.xml", "--move", "Dialogue", "--before", "Move" }, nullptr },
+    };
+    for (const auto& [arguments, golden] : cases) {
+        if (golden)
+            expectGolden(arguments, QString::fromLatin1(golden));
+        else
+            ok(arguments);
+    }
+    const QJsonObject panels = jsonOf(ok({ "outline", "small.xml", "--fields", "--json" }));
+    const QJsonObject second = panels["shots"][1]["panels"][1]["fields"].toObject();
+    EXPECT_EQ(second, (QJsonObject { { "Dialogue", "" }, { "Move", "Runs <off>" } }));
+    EXPECT_EQ(panels["fieldNames"].toArray(), (QJsonArray { "Dialogue", "Move" }));
+
+    // Removing a field takes every value with it; unknown names change nothing.
+    ok({ "fields", "small.xml", "--remove", "Dialogue" });
+    const QByteArray before = sandbox.read("small.xml");
+    const std::pair<QStringList, const char*> refused[] = {
+        { { "fields", "small.xml", "--remove", "Dialogue" }, "small.xml has no panel field named \"Dialogue\"" },
+        { { "set", "small.xml", "--panel", "1/9", "--field", "Move", "--value", "x" }, "\"9\"" },
+        { { "set", "small.xml", "--project", "--field", "Move", "--value", "x" }, "no project field named \"Move\"" },
+    };
+    for (const auto& [arguments, message] : refused) {
+        const ToolRun run = sandbox.run(arguments);
+        EXPECT_EQ(run.exitCode, 1) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(run.err.contains(QString::fromUtf8(message))) << run.err.toStdString();
+    }
+    EXPECT_EQ(sandbox.read("small.xml"), before);
+    const QJsonArray fields = jsonOf(ok({ "fields", "small.xml", "--json" }))["fields"].toArray();
+    ASSERT_EQ(fields.size(), 2);
+    EXPECT_EQ(fields[1]["name"].toString(), "Move");
+}

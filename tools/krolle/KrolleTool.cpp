@@ -6,12 +6,14 @@
 #include "Console.h"
 #include "DemoCommand.h"
 #include "ExportCommand.h"
+#include "FieldsCommand.h"
 #include "ImportCommand.h"
 #include "InsertPanelCommand.h"
 #include "InsertShotCommand.h"
 #include "NewCommand.h"
 #include "OutlineCommand.h"
 #include "RulesCommand.h"
+#include "SetCommand.h"
 #include "TextTable.h"
 
 #include <new>
@@ -36,6 +38,9 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new CheckCommand);
     m_commands.emplace_back(new ExportCommand);
     m_commands.emplace_back(new ImportCommand);
+    // Info fields.
+    m_commands.emplace_back(new FieldsCommand);
+    m_commands.emplace_back(new SetCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

@@ -72,6 +72,17 @@ void addTransitionRows(
     }
 }
 
+// A panel's info field values in the order of the outline's "fieldNames", on one line
+// each; nothing when the outline has no field columns.
+QStringList fieldCells(const QJsonObject& outline, const QJsonObject& panel)
+{
+    QStringList values;
+    const QJsonObject fields = panel.value(QStringLiteral("fields")).toObject();
+    for (const QJsonValue& name : outline.value(QStringLiteral("fieldNames")).toArray())
+        values << fields.value(name.toString()).toString().replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return values;
+}
+
 } // namespace
 
 QJsonObject StoryboardOutline::read(const KRC_KrolleProject& view, const QString& file, unsigned fps)
@@ -120,6 +131,8 @@ QString StoryboardOutline::table(const QJsonObject& outline)
         QStringLiteral("first"), QStringLiteral("last"), QStringLiteral("length") };
     if (timecodes)
         header << QStringLiteral("in") << QStringLiteral("out") << QStringLiteral("duration");
+    for (const QJsonValue& name : outline.value(QStringLiteral("fieldNames")).toArray())
+        header << name.toString();
     table.setHeader(header);
     for (int column = 3; column < 6; ++column)
         table.setAlignment(column, TextTable::Align::Right);
@@ -132,7 +145,8 @@ QString StoryboardOutline::table(const QJsonObject& outline)
         table.addRow(cells(numbered("shot", shot, 4), shot, named(shot), timecodes));
         for (const QJsonValue& panel : shot.value(QStringLiteral("panels")).toArray())
             table.addRow(cells(numbered("panel", panel.toObject(), 6), panel.toObject(),
-                named(panel.toObject()), timecodes));
+                             named(panel.toObject()), timecodes)
+                + fieldCells(outline, panel.toObject()));
         addTransitionRows(table, transitions, QJsonValue(number), timecodes);
     }
     const QString summary = ProjectSummary::describe(outline.value(QStringLiteral("counts")).toObject());

@@ -10,7 +10,10 @@ class PR_Preference;
 // process-wide preference store: an empty store, or the file named by the
 // environment variable KROLLE_PREFERENCES (read-only; the tool never writes
 // preferences). A damaged preference file is a file error (exit status 2).
-// Restores the previous preference object on destruction. Single-threaded.
+// Restores the previous preference object on destruction. The library's rich text
+// (info field values read from a file) needs no GUI application, so the tool stays on
+// a QCoreApplication and runs without a display (see src/infofields/README.md).
+// Single-threaded.
 class ToolEnvironment
 {
 public:

@@ -8,6 +8,7 @@
 #include "host/persistence/PIO_Metadata.h"
 #include "host/persistence/PIO_Metadatas.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -48,7 +49,9 @@ struct Pending
     TUNodeSet nodes;
     TUNodeSet instanceNames;
     TUNodeSet applied;
-    TUMetadataSet metadata;
+    // Kept in posting order and made a set at notify: an edit of many records posts
+    // thousands, and a tree insertion each would cost more than the edit itself.
+    std::vector<PIO_MetaModif> metadata;
 
     bool hasModelChanges() const
     {
@@ -163,8 +166,10 @@ void TUSceneChangeManager::notify()
         if (alive)
             emit nodeChangeApplied(alive.get());
     }
-    if (!p.metadata.empty())
-        emit metadataChanged(p.metadata);
+    if (!p.metadata.empty()) {
+        std::sort(p.metadata.begin(), p.metadata.end());
+        emit metadataChanged(TUMetadataSet(p.metadata.begin(), p.metadata.end()));
+    }
     if (p.selection)
         emit selectionChanged();
     disposal.release();
@@ -283,7 +288,7 @@ void TUSceneChangeManager::postSelectionChanged()
 void TUSceneChangeManager::postMetadataChanged(PIO_Metadata* record, int code)
 {
     if (record)
-        d->pending.metadata.insert(PIO_MetaModif(record, code));
+        d->pending.metadata.emplace_back(record, code);
 }
 
 void TUSceneChangeManager::disposeLater(TUTimedValue* value)
@@ -313,12 +318,10 @@ void TUSceneChangeManager::forgetProject(SC_ProjectCommon* project)
         if (scene->projectCommon() == project)
             collectSceneRecords(scene.get(), records);
     }
-    for (auto it = d->pending.metadata.begin(); it != d->pending.metadata.end();) {
-        if (records.count(it->metadata))
-            it = d->pending.metadata.erase(it);
-        else
-            ++it;
-    }
+    std::vector<PIO_MetaModif>& posted = d->pending.metadata;
+    posted.erase(std::remove_if(posted.begin(), posted.end(),
+                     [&records](PIO_MetaModif const& change) { return records.count(change.metadata) != 0; }),
+        posted.end());
 
     for (TUTvSet* set : d->pending.valueSets()) {
         for (auto it = set->begin(); it != set->end();) {

@@ -67,8 +67,10 @@ QXmlAttributes saxAttributes(QXmlStreamReader const& stream)
         result.append(name, QString(), name, ns.namespaceUri().toString());
     }
     for (QXmlStreamAttribute const& attribute : stream.attributes()) {
-        result.append(attribute.qualifiedName().toString(), attribute.namespaceUri().toString(),
-            attribute.name().toString(), attribute.value().toString());
+        // Most attributes have no prefix: one string then serves as both names.
+        QString const qualified = attribute.qualifiedName().toString();
+        QString const local = attribute.prefix().isEmpty() ? qualified : attribute.name().toString();
+        result.append(qualified, attribute.namespaceUri().toString(), local, attribute.value().toString());
     }
     return result;
 }

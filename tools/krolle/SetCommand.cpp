@@ -1,0 +1,90 @@
+#include "SetCommand.h"
+
+#include "Console.h"
+#include "InfoFieldText.h"
+#include "NamedObjects.h"
+#include "ProjectDocument.h"
+
+#include "infofields/KRC_InfoFieldList.h"
+#include "infofields/KRC_InfoFieldUtil.h"
+#include "infofields/KRC_PanelInfoFieldDescList.h"
+#include "infofields/KRC_ProjectInfoFieldDescList.h"
+#include "project/KRC_KrolleProject.h"
+
+namespace {
+
+const int kSchemaVersion = 1;
+
+const QString kPanel = QStringLiteral("--panel");
+const QString kProject = QStringLiteral("--project");
+const QString kField = QStringLiteral("--field");
+const QString kValue = QStringLiteral("--value");
+
+// The panel named "SHOT/PANEL"; a missing slash is a usage error.
+Krolle::Panel_t namedPanel(const KRC_KrolleProject& view, const QString& path)
+{
+    const int slash = path.indexOf(QLatin1Char('/'));
+    if (slash <= 0 || slash == path.size() - 1)
+        throw ToolError::usage(QStringLiteral("--panel takes SHOT/PANEL, not \"%1\"").arg(path));
+    const Krolle::Shot_t shot = NamedObjects::shot(view, path.left(slash), QString());
+    return NamedObjects::panel(view, shot, path.mid(slash + 1));
+}
+
+// The list's value of `id`, made at its place among the definitions when missing.
+KRC_InfoField* valueOf(KRC_InfoFieldList& list, const KRC_InfoFieldDescList& descs, const KRC_InfoFieldDesc& desc)
+{
+    if (!list.contain(desc.id())) {
+        list.insertInfoField(desc.type(), desc.id(), INT_MAX);
+        KRC_InfoFieldUtil::order_infofield_based_on_desc(descs, list);
+    }
+    return list.getInfoField(desc.id()).get();
+}
+
+} // namespace
+
+SetCommand::SetCommand()
+    : Command(QStringLiteral("set"), QStringLiteral("set an info field's value on a panel or the project, and save"))
+{
+    ArgumentParser& parser = declare();
+    parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to change"));
+    parser.addOption(kPanel, QStringLiteral("SHOT/PANEL"), QStringLiteral("the panel, by its shot's and its own name"));
+    parser.addFlag(kProject, QStringLiteral("set a project field instead of a panel's"));
+    parser.addOption(kField, QStringLiteral("NAME"), QStringLiteral("the field, by its name"), true);
+    parser.addOption(kValue, QStringLiteral("TEXT"), QStringLiteral("the new value (plain text, or an image's key)"), true);
+    parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
+    parser.setEpilogue(QStringLiteral("example: krolle set demo.xml --panel SH010/1 --field Dialogue --value \"Hello\""));
+}
+
+ExitStatus SetCommand::run(const ArgumentValues& arguments)
+{
+    const bool panel = arguments.exactlyOne({ kPanel, kProject }) == kPanel;
+    ProjectDocument document;
+    document.open(arguments.positional(QStringLiteral("FILE")));
+    KRC_KrolleProject& view = document.view();
+    const QString name = arguments.value(kField);
+    const KRC_InfoFieldDesc& desc
+        = *view.getInfoFieldDesc(panel, InfoFieldText::fieldId(view, panel, name, document.path()));
+    QString owner = QStringLiteral("the project");
+    KRC_InfoFieldList* list = view.infoFieldList();
+    KRC_InfoFieldDescList* descs = view.infoFieldDescList();
+    if (panel) {
+        const Krolle::Panel_t target = namedPanel(view, arguments.value(kPanel));
+        owner = NamedObjects::panelLabel(view, target);
+        list = target.infoFieldList();
+        descs = view.panelInfoFieldDescList();
+    }
+    KRC_InfoField* field = valueOf(*list, *descs, desc);
+    field->setValue(arguments.value(kValue));
+    document.save();
+
+    const QString value = InfoFieldText::plain(field);
+    if (arguments.isSet(QStringLiteral("--json"))) {
+        Console::outJson(QJsonObject { { QStringLiteral("krolle"), QStringLiteral("set") },
+            { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
+            { QStringLiteral("owner"), owner }, { QStringLiteral("field"), name },
+            { QStringLiteral("value"), value } });
+        return ExitStatus::Success;
+    }
+    Console::out(QStringLiteral("saved %1: %2 of %3 is \"%4\"\n").arg(document.path(), name, owner, value));
+    return ExitStatus::Success;
+}
