@@ -116,13 +116,21 @@ TEST_F(Interchange, TheCutKeepsTheBoardsFramesAndOtiosRules)
 
 TEST_F(Interchange, ABoardComesBackFromItsCutAsItWas)
 {
+    ok({ "fields", "demo.xml", "--add", "Dialogue" });
+    ok({ "fields", "demo.xml", "--add", "Notes" });
+    ok({ "fields", "demo.xml", "--hide", "Notes" });
+    ok({ "set", "demo.xml", "--panel", "SH010/2", "--field", "Dialogue", "--value", "Hello, \"world\"" });
+    ok({ "set", "demo.xml", "--panel", "SH030/1", "--field", "Notes", "--value", "a <b> & c" });
+    EXPECT_TRUE(ok({ "export", "demo.xml", "--format", "csv" }).out.contains(",00:00:00:21,\"Hello, \"\"world\"\"\"\r\n"));
     for (const char* by : { "panel", "shot" }) {
         ok({ "export", "demo.xml", "--format", "otio", "--by", by, "--out", "cut.otio" });
         ASSERT_TRUE(QDir().mkpath(sandbox.path("back")));
         ok({ "import", "cut.otio", "--out", "back/demo.xml", "--force" });
         ok({ "export", "back/demo.xml", "--format", "otio", "--by", by, "--out", "again.otio" });
         EXPECT_EQ(sandbox.read("again.otio"), sandbox.read("cut.otio")) << by;
-        EXPECT_EQ(ok({ "outline", "back/demo.xml" }).out.section('\n', 1), ok({ "outline", "demo.xml" }).out.section('\n', 1));
+        EXPECT_EQ(ok({ "outline", "back/demo.xml", "--fields" }).out.section('\n', 1),
+            ok({ "outline", "demo.xml", "--fields" }).out.section('\n', 1));
+        EXPECT_EQ(ok({ "fields", "back/demo.xml" }).out.section('\n', 1), ok({ "fields", "demo.xml" }).out.section('\n', 1));
     }
     // Editorial trims the first panel's clip from 12 frames to 7: the board comes back shorter by as much.
     ok({ "export", "demo.xml", "--format", "otio", "--out", "cut.otio" });

@@ -21,8 +21,11 @@ const unsigned kDefaultFps = 24;
 
 QByteArray document(const ProjectDocument& project, const QString& format, bool byShot, unsigned fps)
 {
-    if (format == QLatin1String("csv"))
-        return CsvWriter::write(StoryboardOutline::read(project.view(), project.path(), fps), byShot).toUtf8();
+    if (format == QLatin1String("csv")) {
+        QJsonObject outline = StoryboardOutline::read(project.view(), project.path(), fps);
+        StoryboardOutline::addFieldValues(outline, project.view());
+        return CsvWriter::write(outline, byShot).toUtf8();
+    }
     const StoryboardCut cut = StoryboardCut::read(project.view(),
         byShot ? StoryboardCut::By::Shot : StoryboardCut::By::Panel, QFileInfo(project.path()).completeBaseName());
     if (format == QLatin1String("edl"))

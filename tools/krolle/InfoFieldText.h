@@ -1,12 +1,15 @@
 // The info fields of a project as the tool shows and edits them.
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
 class KRC_InfoField;
 class KRC_InfoFieldDesc;
+class KRC_InfoFieldDescList;
+class KRC_InfoFieldList;
 class KRC_KrolleProject;
 namespace Krolle {
 class Panel_t;
@@ -30,6 +33,16 @@ public:
     static QString plain(const KRC_InfoField* field);
     // The visible panel field names, in order: the columns of `outline --fields`.
     static QStringList panelColumns(const KRC_KrolleProject& view);
-    // A panel's values of those columns, by name, as plain text.
-    static QJsonObject panelValues(const KRC_KrolleProject& view, const Krolle::Panel_t& panel);
+    // A panel's values of those columns (of every panel field with `hiddenToo`), by name, as plain text.
+    static QJsonObject panelValues(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, bool hiddenToo = false);
+
+    // The list's value of a definition, made at its place among the definitions when missing.
+    static KRC_InfoField* valueOf(KRC_InfoFieldList& list, const KRC_InfoFieldDescList& descs, const KRC_InfoFieldDesc& desc);
+
+    // The panel field definitions in order, each {"name", "kind": "text"|"image", "hidden"}; and
+    // the same made in a project that has none (refused names throw ToolError::file).
+    static QJsonArray panelDefinitions(const KRC_KrolleProject& view);
+    static void definePanelFields(KRC_KrolleProject& view, const QJsonArray& definitions);
+    // Sets the panel's value of the panel field `name` (which must exist) to plain text.
+    static void setPanelValue(KRC_KrolleProject& view, const Krolle::Panel_t& panel, const QString& name, const QString& value);
 };

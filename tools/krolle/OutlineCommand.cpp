@@ -1,40 +1,13 @@
 #include "OutlineCommand.h"
 
 #include "Console.h"
-#include "InfoFieldText.h"
 #include "ProjectDocument.h"
 #include "StoryboardOutline.h"
 #include "Timecode.h"
 
 #include "project/KRC_KrolleProject.h"
 
-#include <QJsonArray>
 
-namespace {
-
-// Puts the panels' field values (plain text) into the outline, as "fields" of each
-// panel and the column names as "fieldNames". The outline lists the panels shot by
-// shot, which is the order of the view's walk of all panels.
-void addFieldValues(QJsonObject& outline, const KRC_KrolleProject& view)
-{
-    auto panel = view.beginPanel();
-    QJsonArray shots = outline.value(QStringLiteral("shots")).toArray();
-    for (QJsonValueRef shotValue : shots) {
-        QJsonObject shot = shotValue.toObject();
-        QJsonArray panels = shot.value(QStringLiteral("panels")).toArray();
-        for (QJsonValueRef panelValue : panels) {
-            QJsonObject entry = panelValue.toObject();
-            entry.insert(QStringLiteral("fields"), InfoFieldText::panelValues(view, *panel++));
-            panelValue = entry;
-        }
-        shot.insert(QStringLiteral("panels"), panels);
-        shotValue = shot;
-    }
-    outline.insert(QStringLiteral("shots"), shots);
-    outline.insert(QStringLiteral("fieldNames"), QJsonArray::fromStringList(InfoFieldText::panelColumns(view)));
-}
-
-} // namespace
 
 OutlineCommand::OutlineCommand()
     : Command(QStringLiteral("outline"),
@@ -56,7 +29,7 @@ ExitStatus OutlineCommand::run(const ArgumentValues& arguments)
     document.open(arguments.positional(QStringLiteral("FILE")));
     QJsonObject outline = StoryboardOutline::read(document.view(), document.path(), fps);
     if (arguments.isSet(QStringLiteral("--fields")))
-        addFieldValues(outline, document.view());
+        StoryboardOutline::addFieldValues(outline, document.view());
     if (arguments.isSet(QStringLiteral("--json")))
         Console::outJson(outline);
     else

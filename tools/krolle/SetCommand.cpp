@@ -6,7 +6,6 @@
 #include "ProjectDocument.h"
 
 #include "infofields/KRC_InfoFieldList.h"
-#include "infofields/KRC_InfoFieldUtil.h"
 #include "infofields/KRC_PanelInfoFieldDescList.h"
 #include "infofields/KRC_ProjectInfoFieldDescList.h"
 #include "project/KRC_KrolleProject.h"
@@ -28,16 +27,6 @@ Krolle::Panel_t namedPanel(const KRC_KrolleProject& view, const QString& path)
         throw ToolError::usage(QStringLiteral("--panel takes SHOT/PANEL, not \"%1\"").arg(path));
     const Krolle::Shot_t shot = NamedObjects::shot(view, path.left(slash), QString());
     return NamedObjects::panel(view, shot, path.mid(slash + 1));
-}
-
-// The list's value of `id`, made at its place among the definitions when missing.
-KRC_InfoField* valueOf(KRC_InfoFieldList& list, const KRC_InfoFieldDescList& descs, const KRC_InfoFieldDesc& desc)
-{
-    if (!list.contain(desc.id())) {
-        list.insertInfoField(desc.type(), desc.id(), INT_MAX);
-        KRC_InfoFieldUtil::order_infofield_based_on_desc(descs, list);
-    }
-    return list.getInfoField(desc.id()).get();
 }
 
 } // namespace
@@ -73,7 +62,7 @@ ExitStatus SetCommand::run(const ArgumentValues& arguments)
         list = target.infoFieldList();
         descs = view.panelInfoFieldDescList();
     }
-    KRC_InfoField* field = valueOf(*list, *descs, desc);
+    KRC_InfoField* field = InfoFieldText::valueOf(*list, *descs, desc);
     field->setValue(arguments.value(kValue));
     document.save();
 

@@ -1,5 +1,6 @@
 #include "StoryboardOutline.h"
 
+#include "InfoFieldText.h"
 #include "ObjectJson.h"
 #include "ProjectSummary.h"
 #include "TextTable.h"
@@ -155,3 +156,26 @@ QString StoryboardOutline::table(const QJsonObject& outline)
     return heading + QStringLiteral("\n\n")
         + (table.isEmpty() ? QStringLiteral("(no shots)\n") : table.toString());
 }
+
+// Puts the panels' field values (plain text) into the outline, as "fields" of each
+// panel and the column names as "fieldNames". The outline lists the panels shot by
+// shot, which is the order of the view's walk of all panels.
+void StoryboardOutline::addFieldValues(QJsonObject& outline, const KRC_KrolleProject& view)
+{
+    auto panel = view.beginPanel();
+    QJsonArray shots = outline.value(QStringLiteral("shots")).toArray();
+    for (QJsonValueRef shotValue : shots) {
+        QJsonObject shot = shotValue.toObject();
+        QJsonArray panels = shot.value(QStringLiteral("panels")).toArray();
+        for (QJsonValueRef panelValue : panels) {
+            QJsonObject entry = panelValue.toObject();
+            entry.insert(QStringLiteral("fields"), InfoFieldText::panelValues(view, *panel++));
+            panelValue = entry;
+        }
+        shot.insert(QStringLiteral("panels"), panels);
+        shotValue = shot;
+    }
+    outline.insert(QStringLiteral("shots"), shots);
+    outline.insert(QStringLiteral("fieldNames"), QJsonArray::fromStringList(InfoFieldText::panelColumns(view)));
+}
+

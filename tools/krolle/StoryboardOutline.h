@@ -20,4 +20,7 @@ public:
     static QJsonObject read(const KRC_KrolleProject& view, const QString& file, unsigned fps);
     // The aligned table of an outline document.
     static QString table(const QJsonObject& outline);
+    // Puts the panels' visible info field values (plain text) into an outline, as
+    // "fields" of each panel, and the column names as "fieldNames".
+    static void addFieldValues(QJsonObject& outline, const KRC_KrolleProject& view);
 };

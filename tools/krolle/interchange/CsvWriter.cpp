@@ -31,28 +31,36 @@ QString text(const QJsonObject& object, const char* key)
     return value.isDouble() ? QString::number(value.toInt()) : value.toString();
 }
 
-QStringList cells(const QJsonObject& shot, const QJsonObject& object, const QString& panel)
+QStringList cells(const QJsonObject& shot, const QJsonObject& object, const QString& panel, const QStringList& fields)
 {
     const QJsonObject timecode = object.value(QStringLiteral("timecode")).toObject();
-    return { text(shot, "act"), text(shot, "sequence"), text(shot, "name"), panel, text(object, "firstFrame"),
+    QStringList row { text(shot, "act"), text(shot, "sequence"), text(shot, "name"), panel, text(object, "firstFrame"),
         text(object, "lastFrame"), text(object, "length"), text(timecode, "in"), text(timecode, "out") };
+    const QJsonObject values = object.value(QStringLiteral("fields")).toObject();
+    for (const QString& field : fields)
+        row << values.value(field).toString();
+    return row;
 }
 
 } // namespace
 
 QString CsvWriter::write(const QJsonObject& outline, bool byShot)
 {
-    QString csv = row({ QStringLiteral("act"), QStringLiteral("sequence"), QStringLiteral("shot"),
-        QStringLiteral("panel"), QStringLiteral("first"), QStringLiteral("last"), QStringLiteral("length"),
-        QStringLiteral("in"), QStringLiteral("out") });
+    QStringList fields;
+    for (const QJsonValue& name : outline.value(QStringLiteral("fieldNames")).toArray())
+        fields << name.toString();
+    QString csv = row(QStringList { QStringLiteral("act"), QStringLiteral("sequence"), QStringLiteral("shot"),
+                          QStringLiteral("panel"), QStringLiteral("first"), QStringLiteral("last"),
+                          QStringLiteral("length"), QStringLiteral("in"), QStringLiteral("out") }
+        + fields);
     for (const QJsonValue& value : outline.value(QStringLiteral("shots")).toArray()) {
         const QJsonObject shot = value.toObject();
         if (byShot) {
-            csv += row(cells(shot, shot, QString()));
+            csv += row(cells(shot, shot, QString(), fields));
             continue;
         }
         for (const QJsonValue& panel : shot.value(QStringLiteral("panels")).toArray())
-            csv += row(cells(shot, panel.toObject(), text(panel.toObject(), "name")));
+            csv += row(cells(shot, panel.toObject(), text(panel.toObject(), "name"), fields));
     }
     return csv;
 }

@@ -8,7 +8,8 @@
 // timecodes) as CSV after RFC 4180: UTF-8, a header row, CRLF line ends,
 // fields quoted where they hold a comma, a quote or a line end. One row per
 // panel (or per shot) with act, sequence, shot, panel, first and last frame,
-// length, timecodes in and out.
+// length, timecodes in and out, then one column per panel info field the
+// outline carries (StoryboardOutline::addFieldValues), empty on shot rows.
 class CsvWriter
 {
 public:

@@ -1,5 +1,9 @@
 #include "ImportedBoard.h"
 
+#include "../InfoFieldText.h"
+
+#include "project/KRC_KrolleProject.h"
+
 StoryboardPlan ImportedBoard::plan() const
 {
     QStringList tokens;
@@ -27,4 +31,21 @@ StoryboardPlan ImportedBoard::plan() const
     }
     addTransitionsAt(unsigned(shots.size()));
     return StoryboardPlan::custom(tokens.join(QLatin1Char(' ')), names, panels, sequences, ruleSettings, ids);
+}
+
+void ImportedBoard::applyFields(KRC_KrolleProject& view) const
+{
+    if (panelFields.isEmpty())
+        return;
+    InfoFieldText::definePanelFields(view, panelFields);
+    auto panel = view.beginPanel();
+    for (const Shot& shot : shots) {
+        for (int i = 0; i < shot.panelLengths.size(); ++i, ++panel) {
+            const QJsonObject values = i < shot.panelFields.size() ? shot.panelFields[i] : QJsonObject();
+            for (auto value = values.begin(); value != values.end(); ++value) {
+                if (!value.value().toString().isEmpty() && view.getFieldByName(true, value.key()) != INT_MAX)
+                    InfoFieldText::setPanelValue(view, *panel, value.key(), value.value().toString());
+            }
+        }
+    }
 }

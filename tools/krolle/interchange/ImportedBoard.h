@@ -1,8 +1,12 @@
 // A board read from another program's file, before the engine builds it.
 #pragma once
 
+class KRC_KrolleProject;
+
 #include "../StoryboardPlan.h"
 
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QStringList>
 #include <QVector>
 
@@ -15,6 +19,7 @@ struct ImportedBoard
     {
         StoryboardPlan::Shot names;
         QVector<unsigned> panelLengths;
+        QVector<QJsonObject> panelFields; // per panel: field name to plain text
     };
     struct Transition
     {
@@ -31,6 +36,9 @@ struct ImportedBoard
     QStringList ruleSettings; // naming rules, in the words of "krolle rules --set"
     QStringList skipped; // what the board has no place for, one sentence each
     HostStoryboard ids; // the ids the objects had, where the cut tells them
+    QJsonArray panelFields; // panel field definitions, as InfoFieldText::panelDefinitions
 
     StoryboardPlan plan() const;
+    // Defines the panel fields in the view of the built plan and gives its panels their values.
+    void applyFields(KRC_KrolleProject& view) const;
 };

@@ -321,6 +321,7 @@ private:
     {
         m_board.sequences = facts.value(QStringLiteral("sequencesExist")).toBool(true);
         m_board.ruleSettings = ruleSettings(facts.value(QStringLiteral("namingRules")).toObject());
+        m_board.panelFields = facts.value(QStringLiteral("panelFields")).toArray();
         const bool byShot = facts.value(QStringLiteral("by")).toString() == QLatin1String("shot");
         edgeTransition(factsNode.at(QStringLiteral("openingTransition")));
         const Node children = track.at(QStringLiteral("children"));
@@ -379,6 +380,7 @@ private:
         m_board.shots.last().panelLengths.append(length);
         m_board.ids.panels.back().push_back(idIn(panel));
         m_board.shots.last().names.panelNames.append(nameIn(panel, "name", "custom"));
+        m_board.shots.last().panelFields.append(panel.value(QStringLiteral("fields")).toObject());
     }
 
     // The panels of a shot clip; the last one takes what editorial changed.

@@ -1,8 +1,10 @@
 #include "StoryboardCut.h"
 
+#include "../InfoFieldText.h"
 #include "../NamingRulesEditor.h"
 #include "../ObjectJson.h"
 
+#include "infofields/KRC_PanelInfoFieldDescList.h"
 #include "metadata/KRC_SceneInfo.h"
 #include "project/KRC_KrolleProject.h"
 
@@ -61,6 +63,7 @@ public:
         : m_view(view)
         , m_objects(view, 0)
         , m_cut(cut)
+        , m_fields(!view.panelInfoFieldDescList()->empty())
     {
     }
 
@@ -103,7 +106,7 @@ private:
             QJsonArray panels;
             unsigned panelNumber = 0;
             for (auto panel = m_view.beginPanel(shot), end = m_view.endPanel(shot); panel != end; ++panel)
-                panels.append(m_objects.panel(*panel, ++panelNumber));
+                panels.append(panelFacts(*panel, ++panelNumber));
             item.clip.facts = { { QStringLiteral("shot"), facts }, { QStringLiteral("panels"), panels } };
             addClip(std::move(item), shot.name());
             return;
@@ -114,7 +117,7 @@ private:
             item.clip = clipOf(shot.name() + QLatin1Char('/') + panel->name(), panel->firstFrame(),
                 panel->lastFrame(), shown);
             item.clip.facts = { { QStringLiteral("shot"), facts },
-                { QStringLiteral("panel"), m_objects.panel(*panel, ++panelNumber) } };
+                { QStringLiteral("panel"), panelFacts(*panel, ++panelNumber) } };
             item.clip.opensShot = panelNumber == 1;
             addClip(std::move(item), shot.name());
         }
@@ -153,9 +156,19 @@ private:
         }
     }
 
+    // A panel's facts, with its field values (plain text) where the project has fields.
+    QJsonObject panelFacts(const Krolle::Panel_t& panel, unsigned number) const
+    {
+        QJsonObject facts = m_objects.panel(panel, number).toObject();
+        if (m_fields)
+            facts.insert(QStringLiteral("fields"), InfoFieldText::panelValues(m_view, panel, true));
+        return facts;
+    }
+
     const KRC_KrolleProject& m_view;
     const ObjectJson m_objects;
     StoryboardCut& m_cut;
+    const bool m_fields;
 };
 
 } // namespace
@@ -170,7 +183,8 @@ StoryboardCut StoryboardCut::read(const KRC_KrolleProject& view, By by, const QS
         { QStringLiteral("by"), by == By::Panel ? QStringLiteral("panel") : QStringLiteral("shot") },
         { QStringLiteral("frames"), static_cast<qint64>(cut.frameCount) },
         { QStringLiteral("sequencesExist"), view.sequenceExists() },
-        { QStringLiteral("namingRules"), NamingRulesEditor(*view.namingRules()).json() } };
+        { QStringLiteral("namingRules"), NamingRulesEditor(*view.namingRules()).json() },
+        { QStringLiteral("panelFields"), InfoFieldText::panelDefinitions(view) } };
     CutReader(view, cut).read();
     return cut;
 }
