@@ -1,9 +1,11 @@
 #include "metadata/KRC_MetadataFactory.h"
 
+#include "metadata/KRC_LayerInfos.h"
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/KRC_ReferenceToolData.h"
 #include "metadata/KRC_SceneInfo.h"
+#include "metadata/KRC_Tracking.h"
 #include "naming/KRC_NamingRules.h"
 
 #include <vector>
@@ -34,6 +36,9 @@ std::vector<Entry> const& dispatchTable()
     static std::vector<Entry> const table {
         { KRC_SceneInfo::kPIO_KRMETA_Keyword, &create<KRC_SceneInfo> },
         { KRC_PanelInfo::kPIO_KRMETA_Keyword, &create<KRC_PanelInfo> },
+        // Panel layer records.
+        { KRC_Tracking::kPIO_KRMETA_Keyword, &create<KRC_Tracking> },
+        { KRC_LayerInfos::kPIO_KRMETA_Keyword, &create<KRC_LayerInfos> },
         { KRC_NamingRules::kPIO_KRMETA_Keyword, &create<KRC_NamingRules> },
         { KRC_PdfOptions::kPIO_KRMETA_Keyword, &create<KRC_PdfOptions> },
         { KRC_ReferenceToolData::kPIO_KRMETA_Keyword, &create<KRC_ReferenceToolData> },

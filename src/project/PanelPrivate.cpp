@@ -10,6 +10,8 @@ PanelPrivate::PanelPrivate(
     , symbol(panelScene)
     , shot(holder)
     , panelInfo(metadatasOf(panelScene))
+    , tracking(metadatasOf(panelScene))
+    , layerInfos(metadatasOf(panelScene))
     , pdfOptions(metadatasOf(panelScene))
 {
 }

@@ -1,8 +1,10 @@
 // The private object of a panel handle.
 #pragma once
 
+#include "metadata/KRC_LayerInfos.h"
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_PdfOptions.h"
+#include "metadata/KRC_Tracking.h"
 #include "metadata/PIO_MetadataAccess.h"
 #include "project/ObjectPrivate.h"
 #include "project/Shot_t.h"
@@ -34,6 +36,8 @@ public:
     // KRC_Tracking, KRC_ExposurePoints, KRC_LayerInfos, KRC_SoundAnnotation,
     // KRC_PdfOptions.
     PIO_MetadataAccess<KRC_PanelInfo> panelInfo;
+    PIO_MetadataAccess<KRC_Tracking> tracking;
+    PIO_MetadataAccess<KRC_LayerInfos> layerInfos;
     PIO_MetadataAccess<KRC_PdfOptions> pdfOptions;
 };
 

@@ -49,6 +49,16 @@ KRC_PanelInfo* Panel_t::panelInfo() const
     return get()->panelInfo.get();
 }
 
+KRC_Tracking* Panel_t::tracking() const
+{
+    return get()->tracking.get();
+}
+
+KRC_LayerInfos* Panel_t::layerInfos() const
+{
+    return get()->layerInfos.get();
+}
+
 KRC_PdfOptions* Panel_t::pdfOptions() const
 {
     return get()->pdfOptions.get();

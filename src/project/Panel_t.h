@@ -36,6 +36,12 @@ public:
     /// The panel's record on its own scene, made with the panel's first handle; null
     /// without a scene.
     KRC_PanelInfo* panelInfo() const;
+    /// Whether the panel is tracked, made with the panel's first handle; null without a
+    /// scene.
+    KRC_Tracking* tracking() const;
+    /// The flags kept per layer of the panel, made with the panel's first handle; null
+    /// without a scene.
+    KRC_LayerInfos* layerInfos() const;
     /// The panel's PDF export options, made with the panel's first handle; null without
     /// a scene.
     KRC_PdfOptions* pdfOptions() const;

@@ -7,6 +7,7 @@
 #include "DemoCommand.h"
 #include "InsertPanelCommand.h"
 #include "InsertShotCommand.h"
+#include "LayersCommand.h"
 #include "NewCommand.h"
 #include "OutlineCommand.h"
 #include "RulesCommand.h"
@@ -32,6 +33,8 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new InsertShotCommand);
     m_commands.emplace_back(new InsertPanelCommand);
     m_commands.emplace_back(new CheckCommand);
+    // Panel layers.
+    m_commands.emplace_back(new LayersCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

@@ -1,6 +1,7 @@
 #include "OutlineCommand.h"
 
 #include "Console.h"
+#include "OutlineLayers.h"
 #include "ProjectDocument.h"
 #include "StoryboardOutline.h"
 #include "Timecode.h"
@@ -14,6 +15,7 @@ OutlineCommand::OutlineCommand()
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
     parser.addOption(QStringLiteral("--fps"), QStringLiteral("F"),
         QStringLiteral("also show timecodes at F frames per second"));
+    parser.addFlag(QStringLiteral("--layers"), QStringLiteral("also show the number of layers of each panel"));
 }
 
 ExitStatus OutlineCommand::run(const ArgumentValues& arguments)
@@ -21,7 +23,9 @@ ExitStatus OutlineCommand::run(const ArgumentValues& arguments)
     const unsigned fps = arguments.number(QStringLiteral("--fps"), 0, 1, Timecode::kMostFps);
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
-    const QJsonObject outline = StoryboardOutline::read(document.view(), document.path(), fps);
+    QJsonObject outline = StoryboardOutline::read(document.view(), document.path(), fps);
+    if (arguments.isSet(QStringLiteral("--layers")))
+        OutlineLayers::add(outline, document.view());
     if (arguments.isSet(QStringLiteral("--json")))
         Console::outJson(outline);
     else

@@ -1,6 +1,8 @@
 // The storyboards the tool generates: their timeline and the names given to them.
 #pragma once
 
+#include "PanelLayerPlan.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -16,6 +18,7 @@ struct GeneratorSettings
     unsigned acts = 1; // 0 leaves the shots without act names
     unsigned sequences = 1; // 0 makes a project without sequences
     unsigned seed = 1;
+    unsigned layersPerPanel = 0; // layers drawn into each panel; 0 leaves panels empty
 };
 
 // A storyboard to build: the timeline in the engine's compact description, and
@@ -59,4 +62,5 @@ private:
     unsigned m_panelCount = 0;
     bool m_sequences = true;
     QStringList m_ruleSettings; // naming rules to set, in the form of "krolle rules --set"
+    PanelLayerPlan m_layers = PanelLayerPlan::none();
 };
