@@ -22,7 +22,11 @@ void ElementModuleCollector::visit(MO_ElementModule& element)
     // An element without a drawing attribute is no layer of any kind.
     if (element.getParentNode() || !element.drawingAttr())
         return;
-    if (kindOf(element) & m_mask)
+    // Every key falls into one of the three element kinds: a mask that takes all three
+    // needs no key.
+    const int elementKinds = KRC_PanelLayerManager::LayerType_Other | KRC_PanelLayerManager::LayerType_Drawing
+        | KRC_PanelLayerManager::LayerType_3d;
+    if ((m_mask & elementKinds) == elementKinds || (kindOf(element) & m_mask))
         m_out.push_back(&element);
 }
 

@@ -24,7 +24,9 @@ public:
 
     int elementId = -1;
     CA_DrawingKind kind = CA_DrawingKind::Other;
-    std::map<int, QString> drawings;
+    // Each drawing's key is made with the drawing and handed out as a copy: a key is
+    // immutable and shares its source, so asking for it allocates nothing.
+    std::map<int, CA_CelKey> drawings;
     // Runs of exposure by first frame; they never overlap.
     std::map<int, Run> runs;
 
@@ -82,7 +84,7 @@ bool TUElementTimedValue::hasDrawing(int drawingId) const
 QString TUElementTimedValue::drawingFileName(int drawingId) const
 {
     const auto it = e->drawings.find(drawingId);
-    return it == e->drawings.end() ? QString() : it->second;
+    return it == e->drawings.end() ? QString() : it->second.source()->fileName();
 }
 
 std::vector<TUElementTimedValue::Exposure> TUElementTimedValue::exposures() const
@@ -110,9 +112,7 @@ CA_CelKey TUElementTimedValue::keyAt(double frame) const
 CA_CelKey TUElementTimedValue::drawingKey(int drawingId) const
 {
     const auto it = e->drawings.find(drawingId);
-    if (it == e->drawings.end())
-        return CA_CelKey();
-    return CA_CelKey(CA_CelKeyElement(e->elementId, drawingId, e->kind, it->second));
+    return it == e->drawings.end() ? CA_CelKey() : it->second;
 }
 
 bool TUElementTimedValue::containsDrawing(int elementId, int drawingId) const
@@ -136,7 +136,8 @@ int TUElementTimedValue::addDrawing(QString const& fileName, int drawingId)
 {
     if (drawingId < 0)
         drawingId = e->drawings.empty() ? 1 : e->drawings.rbegin()->first + 1;
-    if (!e->drawings.emplace(drawingId, fileName).second)
+    if (e->drawings.count(drawingId)
+        || !e->drawings.emplace(drawingId, CA_CelKeyElement(e->elementId, drawingId, e->kind, fileName)).second)
         return -1;
     return drawingId;
 }
