@@ -22,7 +22,6 @@ public:
         int drawingId;
     };
 
-    int elementId = -1;
     CA_DrawingKind kind = CA_DrawingKind::Other;
     // Each drawing's key is made with the drawing and handed out as a copy: a key is
     // immutable and shares its source, so asking for it allocates nothing.
@@ -49,7 +48,7 @@ TUElementTimedValue::TUElementTimedValue(
     if (elementId < 0)
         elementId = g_nextElementId;
     reserveElementId(elementId);
-    e->elementId = elementId;
+    m_elementId = elementId;
     e->kind = kind;
 }
 
@@ -60,7 +59,7 @@ TUElementTimedValue::~TUElementTimedValue()
 
 int TUElementTimedValue::elementId() const
 {
-    return e->elementId;
+    return m_elementId;
 }
 
 CA_DrawingKind TUElementTimedValue::drawingKind() const
@@ -117,7 +116,7 @@ CA_CelKey TUElementTimedValue::drawingKey(int drawingId) const
 
 bool TUElementTimedValue::containsDrawing(int elementId, int drawingId) const
 {
-    if (elementId != e->elementId)
+    if (elementId != m_elementId)
         return false;
     for (auto const& run : e->runs) {
         if (run.second.drawingId == drawingId)
@@ -137,7 +136,7 @@ int TUElementTimedValue::addDrawing(QString const& fileName, int drawingId)
     if (drawingId < 0)
         drawingId = e->drawings.empty() ? 1 : e->drawings.rbegin()->first + 1;
     if (e->drawings.count(drawingId)
-        || !e->drawings.emplace(drawingId, CA_CelKeyElement(e->elementId, drawingId, e->kind, fileName)).second)
+        || !e->drawings.emplace(drawingId, CA_CelKeyElement(m_elementId, drawingId, e->kind, fileName)).second)
         return -1;
     return drawingId;
 }
