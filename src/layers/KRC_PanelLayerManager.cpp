@@ -77,7 +77,8 @@ void KRC_PanelLayerManager::loadPreferences()
 
 // Layer lists.
 
-bool KRC_PanelLayerManager::getLayers(TUScene const* scene, std::vector<MO_Node*>& out, LayerType_t mask) const
+bool KRC_PanelLayerManager::getLayers(
+    TUScene const* scene, std::vector<MO_Node*>& out, LayerType_t mask) const
 {
     if (!scene)
         return false;
@@ -245,7 +246,8 @@ MO_Node* KRC_PanelLayerManager::getTopLevelNode(MO_Node const* node)
     return const_cast<MO_Node*>(node);
 }
 
-void KRC_PanelLayerManager::getNodeAndChildren(MO_Node const* node, std::vector<MO_Node*>& out, bool includeNode)
+void KRC_PanelLayerManager::getNodeAndChildren(
+    MO_Node const* node, std::vector<MO_Node*>& out, bool includeNode)
 {
     if (!node)
         return;
@@ -258,7 +260,8 @@ void KRC_PanelLayerManager::getNodeAndChildren(MO_Node const* node, std::vector<
     scene->rootGroup()->accept(collector);
 }
 
-void KRC_PanelLayerManager::getNodeAndChildren(MO_Node const* node, std::list<MO_Node*>& out, bool includeNode)
+void KRC_PanelLayerManager::getNodeAndChildren(
+    MO_Node const* node, std::list<MO_Node*>& out, bool includeNode)
 {
     std::vector<MO_Node*> found;
     getNodeAndChildren(node, found, includeNode);

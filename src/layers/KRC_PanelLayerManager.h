@@ -102,8 +102,8 @@ public:
     bool canMoveLayerToBottom(TUScene const* scene, MO_Node const* node) const;
 
     /// Sets `it` on `node` in `layers` and answers true; at the end and false if absent.
-    static bool getLayerIterator(MO_Node const* node, std::vector<MO_Node*> const& layers,
-        std::vector<MO_Node*>::const_iterator& it);
+    static bool getLayerIterator(
+        MO_Node const* node, std::vector<MO_Node*> const& layers, std::vector<MO_Node*>::const_iterator& it);
 
     // Static queries on nodes.
     /// Whether the node itself is a layer of a kind in `mask`.

@@ -95,12 +95,17 @@ TEST_P(PanelLayers, IndicesMovesChildrenOpacityAndAlignment)
     EXPECT_EQ(layers().getLayerByName(scene, "Hero"), nullptr);
     MO_Node* only = layers().getLayerByIdx(single, 0);
     const std::tuple<TUScene const*, MO_Node const*, bool, bool> moves[] = {
-        { scene, bg, false, true }, { scene, off, true, false }, { scene, peg, true, true },
-        { scene, hero, false, false }, { single, only, false, false }, { nullptr, bg, false, false },
+        { scene, bg, false, true },
+        { scene, off, true, false },
+        { scene, peg, true, true },
+        { scene, hero, false, false },
+        { single, only, false, false },
+        { nullptr, bg, false, false },
         { single, bg, false, false },
     };
     for (auto const& [in, node, up, down] : moves) {
-        EXPECT_EQ(layers().canMoveLayerToTop(in, node), up) << (node ? node->instanceName().toStdString() : "");
+        EXPECT_EQ(layers().canMoveLayerToTop(in, node), up)
+            << (node ? node->instanceName().toStdString() : "");
         EXPECT_EQ(layers().canMoveLayerToBottom(in, node), down);
     }
     std::vector<MO_Node*> below;

@@ -119,9 +119,9 @@ TEST(Tracking, ValidityReadingFallbacksAndRoundTrip)
     EXPECT_EQ(metatest::dumpOf(*clone), metatest::dumpOf(*back));
 
     // A flag that is no bool keeps the record's own; an empty date reads as null.
-    std::unique_ptr<PIO_Metadatas> odd = metatest::readDocument(metatest::entryDocument(
-        QStringLiteral("tracking"), QStringLiteral("creator=\"x\" version=\"1.0\""),
-        QStringLiteral("<tracking trackingFlag=\"maybe\" trackingDate=\"\" trackingNote=\"n\"/>")));
+    std::unique_ptr<PIO_Metadatas> odd = metatest::readDocument(
+        metatest::entryDocument(QStringLiteral("tracking"), QStringLiteral("creator=\"x\" version=\"1.0\""),
+            QStringLiteral("<tracking trackingFlag=\"maybe\" trackingDate=\"\" trackingNote=\"n\"/>")));
     KRC_Tracking* oddOne = metatest::first<KRC_Tracking>(odd.get());
     ASSERT_NE(oddOne, nullptr);
     EXPECT_FALSE(oddOne->isTracked());

@@ -59,7 +59,7 @@ void splitPanelPath(const QString& path, QString& shot, QString& panel)
 {
     const int slash = path.lastIndexOf(QLatin1Char('/'));
     if (slash <= 0 || slash + 1 == path.size())
-        throw ToolError::usage(QStringLiteral("--panel needs SHOT/PANEL, not '%1' (see krolle layers --help)").arg(path));
+        throw ToolError::usage(QStringLiteral("--panel needs SHOT/PANEL, not '%1'").arg(path));
     shot = path.left(slash);
     panel = path.mid(slash + 1);
 }
@@ -133,7 +133,8 @@ ExitStatus LayersCommand::run(const ArgumentValues& arguments)
         entries.append(layerJson(panel, layer, static_cast<unsigned>(entries.size())));
     const QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("layers") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
-        { QStringLiteral("panel"), NamedObjects::panelLabel(view, panel) }, { QStringLiteral("layers"), entries } };
+        { QStringLiteral("panel"), NamedObjects::panelLabel(view, panel) },
+        { QStringLiteral("layers"), entries } };
     if (arguments.isSet(QStringLiteral("--json")))
         Console::outJson(answer);
     else

@@ -15,7 +15,8 @@ OutlineCommand::OutlineCommand()
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
     parser.addOption(QStringLiteral("--fps"), QStringLiteral("F"),
         QStringLiteral("also show timecodes at F frames per second"));
-    parser.addFlag(QStringLiteral("--layers"), QStringLiteral("also show the number of layers of each panel"));
+    parser.addFlag(
+        QStringLiteral("--layers"), QStringLiteral("also show the number of layers of each panel"));
 }
 
 ExitStatus OutlineCommand::run(const ArgumentValues& arguments)

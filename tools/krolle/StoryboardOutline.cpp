@@ -138,8 +138,8 @@ QString StoryboardOutline::table(const QJsonObject& outline)
         addRunRows(table, sequences, "sequence", 2, number, timecodes);
         table.addRow(cells(numbered("shot", shot, 4), shot, named(shot), timecodes));
         for (const QJsonValue& panel : shot.value(QStringLiteral("panels")).toArray()) {
-            QStringList row = cells(numbered("panel", panel.toObject(), 6), panel.toObject(),
-                named(panel.toObject()), timecodes);
+            QStringList row = cells(
+                numbered("panel", panel.toObject(), 6), panel.toObject(), named(panel.toObject()), timecodes);
             if (layerCounts)
                 row << OutlineLayers::cell(panel.toObject());
             table.addRow(row);

@@ -136,7 +136,8 @@ int TUElementTimedValue::addDrawing(QString const& fileName, int drawingId)
     if (drawingId < 0)
         drawingId = e->drawings.empty() ? 1 : e->drawings.rbegin()->first + 1;
     if (e->drawings.count(drawingId)
-        || !e->drawings.emplace(drawingId, CA_CelKeyElement(m_elementId, drawingId, e->kind, fileName)).second)
+        || !e->drawings.emplace(drawingId, CA_CelKeyElement(m_elementId, drawingId, e->kind, fileName))
+                .second)
         return -1;
     return drawingId;
 }
