@@ -7,10 +7,12 @@
 #include "infofields/KRC_PanelInfoFieldDescList.h"
 #include "infofields/KRC_ProjectInfoFieldDescList.h"
 
+#include "metadata/KRC_LayerInfos.h"
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/KRC_ReferenceToolData.h"
 #include "metadata/KRC_SceneInfo.h"
+#include "metadata/KRC_Tracking.h"
 #include "naming/KRC_NamingRules.h"
 
 #include <vector>
@@ -47,6 +49,9 @@ std::vector<Entry> const& dispatchTable()
         { KRC_InfoFieldList::kPIO_KRMETA_Keyword, &create<KRC_InfoFieldList> },
         { KRC_ExtraInfoFieldDescList::kPIO_KRMETA_Keyword, &create<KRC_ExtraInfoFieldDescList> },
         { KRC_HiddenInfoFieldList::kPIO_KRMETA_Keyword, &create<KRC_HiddenInfoFieldList> },
+        // Panel layer records.
+        { KRC_Tracking::kPIO_KRMETA_Keyword, &create<KRC_Tracking> },
+        { KRC_LayerInfos::kPIO_KRMETA_Keyword, &create<KRC_LayerInfos> },
         { KRC_NamingRules::kPIO_KRMETA_Keyword, &create<KRC_NamingRules> },
         { KRC_PdfOptions::kPIO_KRMETA_Keyword, &create<KRC_PdfOptions> },
         { KRC_ReferenceToolData::kPIO_KRMETA_Keyword, &create<KRC_ReferenceToolData> },

@@ -3,6 +3,9 @@
 #include "project/EngineLinks.h"
 #include "project/KRC_KrolleProjectPrivate.h"
 
+#include "layers/KRC_PanelLayerManager.h"
+#include "tracking/KRC_DrawingObserver.h"
+
 using Krolle::ObjectCache;
 using Krolle::Panel_t;
 using Krolle::PanelTrans_t;
@@ -23,6 +26,8 @@ KRC_KrolleProject::KRC_KrolleProject(SC_Project* project)
     }
     // The owned managers are made here, in this order: drawing observer, panel layer
     // manager, tracking manager, name helper.
+    d->drawingObserver = new KRC_DrawingObserver(this);
+    d->layerManager = new KRC_PanelLayerManager(this);
     d->nameHelper = new KRC_NameHelper(this);
 }
 
@@ -32,6 +37,10 @@ KRC_KrolleProject::~KRC_KrolleProject()
     d->clearCaches();
     // The owned managers are deleted here, in this order: panel layer manager,
     // tracking manager, drawing observer, name helper.
+    delete d->layerManager;
+    d->layerManager = nullptr;
+    delete d->drawingObserver;
+    d->drawingObserver = nullptr;
     delete d->nameHelper;
     d->nameHelper = nullptr;
     delete d;
@@ -50,6 +59,16 @@ KRC_ReferenceToolData* KRC_KrolleProject::referenceToolData() const
 KRC_NameHelper* KRC_KrolleProject::nameHelper() const
 {
     return d->nameHelper;
+}
+
+KRC_DrawingObserver* KRC_KrolleProject::drawingObserver() const
+{
+    return d->drawingObserver;
+}
+
+KRC_PanelLayerManager* KRC_KrolleProject::layerManager() const
+{
+    return d->layerManager;
 }
 
 SC_ProjectCommon* KRC_KrolleProject::projectCommon() const

@@ -19,11 +19,13 @@
 
 class KRC_HiddenInfoFieldList;
 class KRC_InfoFieldList;
+class KRC_DrawingObserver;
 class KRC_KrolleProjectPrivate;
 class KRC_PanelInfoFieldDescList;
 class KRC_ProjectInfoFieldDescList;
 class KRC_NameHelper;
 class KRC_NamingRules;
+class KRC_PanelLayerManager;
 class KRC_ReferenceToolData;
 
 namespace Krolle {
@@ -80,6 +82,10 @@ public:
     KRC_NamingRules* namingRules() const;
     /// The view's name helper, which every shot and panel of the view carries.
     KRC_NameHelper* nameHelper() const;
+    /// The view's drawing observer: which panel a modified drawing belongs to.
+    KRC_DrawingObserver* drawingObserver() const;
+    /// The view's layer manager: which layers each panel has.
+    KRC_PanelLayerManager* layerManager() const;
 
     // Caches.
     /// Drops every cache now.

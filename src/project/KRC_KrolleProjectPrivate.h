@@ -15,6 +15,9 @@
 #include <map>
 #include <unordered_map>
 
+class KRC_DrawingObserver;
+class KRC_PanelLayerManager;
+
 /// Everything that KRC_KrolleProject keeps: the owned managers, the reference on the
 /// engine project, the caches of handles (all dropped at once by clearCaches), the
 /// cached totals and the lock. Owned by the view, made by its constructor.
@@ -36,6 +39,11 @@ public:
 
     // The owned managers go here, made in this order after the view's connections:
     // drawing observer, panel layer manager, tracking manager, name helper.
+
+    /// Turns modified drawings into modified panels; the layer manager listens to it.
+    KRC_DrawingObserver* drawingObserver = nullptr;
+    /// Says which layers each panel has and keeps their records in step.
+    KRC_PanelLayerManager* layerManager = nullptr;
 
     /// Handed to every shot and panel for its automatic name; made last and deleted
     /// last of the owned managers.

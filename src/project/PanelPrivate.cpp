@@ -11,6 +11,8 @@ PanelPrivate::PanelPrivate(
     , shot(holder)
     , panelInfo(metadatasOf(panelScene))
     , infoFieldList(PIO_MetadataAccess<KRC_InfoFieldList>::lookupOnly(metadatasOf(panelScene)))
+    , tracking(metadatasOf(panelScene))
+    , layerInfos(metadatasOf(panelScene))
     , pdfOptions(metadatasOf(panelScene))
 {
 }

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "infofields/KRC_InfoFieldList.h"
+#include "metadata/KRC_LayerInfos.h"
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_PdfOptions.h"
+#include "metadata/KRC_Tracking.h"
 #include "metadata/PIO_MetadataAccess.h"
 #include "project/ObjectPrivate.h"
 #include "project/Shot_t.h"
@@ -38,6 +40,8 @@ public:
     /// Looks up without creating; Panel_t::infoFieldList() creates the list on its
     /// first read, so panels without fields save no empty record.
     PIO_MetadataAccess<KRC_InfoFieldList> infoFieldList;
+    PIO_MetadataAccess<KRC_Tracking> tracking;
+    PIO_MetadataAccess<KRC_LayerInfos> layerInfos;
     PIO_MetadataAccess<KRC_PdfOptions> pdfOptions;
 };
 

@@ -57,6 +57,16 @@ KRC_InfoFieldList* Panel_t::infoFieldList() const
     return access.get();
 }
 
+KRC_Tracking* Panel_t::tracking() const
+{
+    return get()->tracking.get();
+}
+
+KRC_LayerInfos* Panel_t::layerInfos() const
+{
+    return get()->layerInfos.get();
+}
+
 KRC_PdfOptions* Panel_t::pdfOptions() const
 {
     return get()->pdfOptions.get();

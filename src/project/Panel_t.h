@@ -39,6 +39,12 @@ public:
     /// The values of the panel's info fields, made on the first read; null without a
     /// scene.
     KRC_InfoFieldList* infoFieldList() const;
+    /// Whether the panel is tracked, made with the panel's first handle; null without a
+    /// scene.
+    KRC_Tracking* tracking() const;
+    /// The flags kept per layer of the panel, made with the panel's first handle; null
+    /// without a scene.
+    KRC_LayerInfos* layerInfos() const;
     /// The panel's PDF export options, made with the panel's first handle; null without
     /// a scene.
     KRC_PdfOptions* pdfOptions() const;

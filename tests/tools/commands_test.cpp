@@ -12,7 +12,7 @@
 namespace {
 
 const QStringList kSmall { "new", "small.xml", "--shots", "3", "--panels-per-shot", "2", "--transition-every",
-    "2", "--acts", "2", "--sequences", "2", "--seed", "7" };
+    "2", "--acts", "2", "--sequences", "2", "--seed", "7", "--layers", "3" };
 
 QJsonObject jsonOf(const ToolRun& run)
 {
@@ -80,6 +80,9 @@ TEST_F(ToolCommands, GoldenOutputs)
         { { "at", "demo.xml", "160", "--json" }, "at_panel.json" },
         { { "rules", "demo.xml" }, "rules_demo.txt" },
         { { "check", "demo.xml" }, "check_demo.txt" },
+        { { "layers", "demo.xml", "--panel", "SH080/3" }, "layers_demo.txt" },
+        { { "layers", "demo.xml", "--panel", "SH010/1", "--json" }, "layers_demo.json" },
+        { { "outline", "small.xml", "--layers" }, "outline_small_layers.txt" },
     };
     for (const auto& [arguments, golden] : cases)
         expectGolden(arguments, QString::fromLatin1(golden));
@@ -300,7 +303,7 @@ TEST(ToolExamples, AreWhatTheToolMakesAndCheckClean)
         { "demo.xml", { "demo", "--out", "demo.xml" } },
         { "generated.xml",
             { "new", "generated.xml", "--shots", "40", "--panels-per-shot", "5", "--transition-every", "8",
-                "--acts", "2", "--sequences", "4", "--seed", "2024" } },
+                "--acts", "2", "--sequences", "4", "--seed", "2024", "--layers", "4" } },
     };
     for (const auto& [name, makeIt] : examples) {
         const QString bundled = QStringLiteral(KROLLE_SOURCE_DIR "/examples/") + QLatin1String(name);

@@ -10,6 +10,7 @@
 #include "ImportCommand.h"
 #include "InsertPanelCommand.h"
 #include "InsertShotCommand.h"
+#include "LayersCommand.h"
 #include "NewCommand.h"
 #include "OutlineCommand.h"
 #include "RulesCommand.h"
@@ -41,6 +42,8 @@ KrolleTool::KrolleTool()
     // Info fields.
     m_commands.emplace_back(new FieldsCommand);
     m_commands.emplace_back(new SetCommand);
+    // Panel layers.
+    m_commands.emplace_back(new LayersCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

@@ -12,6 +12,7 @@ namespace {
 const unsigned kMostShots = 100000;
 const unsigned kMostPanelsPerShot = 1000;
 const unsigned kMostPanels = 2000000;
+const unsigned kMostLayersPerPanel = 100;
 
 GeneratorSettings readSettings(const ArgumentValues& arguments)
 {
@@ -25,6 +26,8 @@ GeneratorSettings readSettings(const ArgumentValues& arguments)
     settings.sequences
         = arguments.number(QStringLiteral("--sequences"), settings.sequences, 0, settings.shots);
     settings.seed = arguments.number(QStringLiteral("--seed"), settings.seed, 0, 0xFFFFFFFFu);
+    settings.layersPerPanel
+        = arguments.number(QStringLiteral("--layers"), settings.layersPerPanel, 0, kMostLayersPerPanel);
     if (static_cast<unsigned long long>(settings.shots) * settings.panelsPerShot > kMostPanels)
         throw ToolError::usage(
             QStringLiteral("--shots times --panels-per-shot must stay within %1 panels").arg(kMostPanels));
@@ -49,6 +52,8 @@ NewCommand::NewCommand()
         QStringLiteral("sequences, named SQ010, SQ020... (1; 0: no sequences)"));
     parser.addOption(QStringLiteral("--seed"), QStringLiteral("X"),
         QStringLiteral("seed of the panel and transition lengths (1)"));
+    parser.addOption(QStringLiteral("--layers"), QStringLiteral("N"),
+        QStringLiteral("layers drawn into each panel (0): background, drawings, pegs, 3D models"));
     parser.addFlag(QStringLiteral("--force"), QStringLiteral("overwrite FILE if it exists"));
     parser.setEpilogue(QStringLiteral(
         "Panels last 6 to 36 frames, transitions up to 12; the same options always give the same project.\n"

@@ -1,6 +1,7 @@
 #include "OutlineCommand.h"
 
 #include "Console.h"
+#include "OutlineLayers.h"
 #include "ProjectDocument.h"
 #include "StoryboardOutline.h"
 #include "Timecode.h"
@@ -20,6 +21,8 @@ OutlineCommand::OutlineCommand()
         QStringLiteral("also show timecodes at F frames per second"));
     parser.addFlag(QStringLiteral("--fields"),
         QStringLiteral("also show the panels' visible info field values, as plain text"));
+    parser.addFlag(
+        QStringLiteral("--layers"), QStringLiteral("also show the number of layers of each panel"));
 }
 
 ExitStatus OutlineCommand::run(const ArgumentValues& arguments)
@@ -30,6 +33,8 @@ ExitStatus OutlineCommand::run(const ArgumentValues& arguments)
     QJsonObject outline = StoryboardOutline::read(document.view(), document.path(), fps);
     if (arguments.isSet(QStringLiteral("--fields")))
         StoryboardOutline::addFieldValues(outline, document.view());
+    if (arguments.isSet(QStringLiteral("--layers")))
+        OutlineLayers::add(outline, document.view());
     if (arguments.isSet(QStringLiteral("--json")))
         Console::outJson(outline);
     else

@@ -2,6 +2,7 @@
 
 #include "InfoFieldText.h"
 #include "ObjectJson.h"
+#include "OutlineLayers.h"
 #include "ProjectSummary.h"
 #include "TextTable.h"
 
@@ -134,6 +135,12 @@ QString StoryboardOutline::table(const QJsonObject& outline)
         header << QStringLiteral("in") << QStringLiteral("out") << QStringLiteral("duration");
     for (const QJsonValue& name : outline.value(QStringLiteral("fieldNames")).toArray())
         header << name.toString();
+    // Layer counts, when the outline has them, stand in a last column of panel rows.
+    const bool layerCounts = outline.value(QStringLiteral("layerCounts")).toBool();
+    if (layerCounts) {
+        header << QStringLiteral("layers");
+        table.setAlignment(header.size() - 1, TextTable::Align::Right);
+    }
     table.setHeader(header);
     for (int column = 3; column < 6; ++column)
         table.setAlignment(column, TextTable::Align::Right);
@@ -144,10 +151,14 @@ QString StoryboardOutline::table(const QJsonObject& outline)
         addRunRows(table, acts, "act", 0, number, timecodes);
         addRunRows(table, sequences, "sequence", 2, number, timecodes);
         table.addRow(cells(numbered("shot", shot, 4), shot, named(shot), timecodes));
-        for (const QJsonValue& panel : shot.value(QStringLiteral("panels")).toArray())
-            table.addRow(cells(numbered("panel", panel.toObject(), 6), panel.toObject(),
-                             named(panel.toObject()), timecodes)
-                + fieldCells(outline, panel.toObject()));
+        for (const QJsonValue& panel : shot.value(QStringLiteral("panels")).toArray()) {
+            QStringList row = cells(
+                numbered("panel", panel.toObject(), 6), panel.toObject(), named(panel.toObject()), timecodes)
+                + fieldCells(outline, panel.toObject());
+            if (layerCounts)
+                row << OutlineLayers::cell(panel.toObject());
+            table.addRow(row);
+        }
         addTransitionRows(table, transitions, QJsonValue(number), timecodes);
     }
     const QString summary = ProjectSummary::describe(outline.value(QStringLiteral("counts")).toObject());

@@ -74,6 +74,7 @@ StoryboardPlan StoryboardPlan::generated(const GeneratorSettings& settings)
         plan.m_panelCount += settings.panelsPerShot;
     }
     plan.m_timeline = tokens.join(QLatin1Char(' '));
+    plan.m_layers = PanelLayerPlan::generated(settings.layersPerPanel);
     return plan;
 }
 
@@ -120,6 +121,7 @@ StoryboardPlan StoryboardPlan::demo()
             += static_cast<unsigned>(QString::fromLatin1(row.token).count(QLatin1Char(',')) + 1);
     }
     plan.m_timeline = tokens.join(QLatin1Char(' '));
+    plan.m_layers = PanelLayerPlan::demo();
     return plan;
 }
 
@@ -140,6 +142,7 @@ void StoryboardPlan::build(ProjectDocument& document) const
 {
     buildTimeline(document);
     applyNames(document);
+    m_layers.build(document, m_panelCount);
 }
 
 void StoryboardPlan::buildTimeline(ProjectDocument& document) const

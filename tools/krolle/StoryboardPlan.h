@@ -3,6 +3,7 @@
 
 #include "host/engine/HostStoryboardBuilder.h"
 #include "host/engine/SC_Project.h"
+#include "PanelLayerPlan.h"
 
 #include <QString>
 #include <QStringList>
@@ -19,6 +20,7 @@ struct GeneratorSettings
     unsigned acts = 1; // 0 leaves the shots without act names
     unsigned sequences = 1; // 0 makes a project without sequences
     unsigned seed = 1;
+    unsigned layersPerPanel = 0; // layers drawn into each panel; 0 leaves panels empty
 };
 
 // A storyboard to build: the timeline in the engine's compact description, and
@@ -68,4 +70,5 @@ private:
     bool m_sequences = true;
     QStringList m_ruleSettings; // naming rules to set, in the form of "krolle rules --set"
     HostStoryboard m_ids; // ids to restore, where the plan has them
+    PanelLayerPlan m_layers = PanelLayerPlan::none();
 };

@@ -187,6 +187,17 @@ bool setExposure(MO_ElementModule* element, int firstFrame, int lastFrame, int d
     return drawingId >= 0 && setExposureRange(element, firstFrame, lastFrame, drawingId);
 }
 
+MO_ElementModule* addDrawingElement(TUGroup* group, QString const& name, CA_DrawingKind kind,
+    QString const& fileName, int firstFrame, int lastFrame, MO_Node* parent)
+{
+    if (fileName.isEmpty() || firstFrame < 1 || lastFrame < firstFrame)
+        return nullptr;
+    MO_ElementModule* element = addElement(group, name, kind, parent);
+    if (element)
+        setExposure(element, firstFrame, lastFrame, addDrawing(element, fileName));
+    return element;
+}
+
 bool clearExposure(MO_ElementModule* element, int firstFrame, int lastFrame)
 {
     return setExposureRange(element, firstFrame, lastFrame, -1);

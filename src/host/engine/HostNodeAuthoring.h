@@ -46,6 +46,13 @@ TUPegModule* addPeg(TUGroup* group, QString const& name, MO_Node* parent = nullp
 MO_ElementModule* addElement(
     TUGroup* group, QString const& name, CA_DrawingKind kind, MO_Node* parent = nullptr, int index = -1);
 
+/// An element of `kind` (as addElement) that shows one drawing, from `fileName`, on
+/// frames first to last: the usual shape of a layer drawn over a whole panel. Null
+/// where addElement refuses, for an empty file name or a bad range (then nothing is
+/// added).
+MO_ElementModule* addDrawingElement(TUGroup* group, QString const& name, CA_DrawingKind kind,
+    QString const& fileName, int firstFrame, int lastFrame, MO_Node* parent = nullptr);
+
 /// Adds a drawing to the element's column; answers its id (from 1 up), or -1 for an
 /// element without a column or an empty file name.
 int addDrawing(MO_ElementModule* element, QString const& fileName);

@@ -3,6 +3,8 @@
 #include "host/engine/MO_Modules.h"
 #include "host/engine/MO_Node.h"
 
+#include <QVarLengthArray>
+
 #include <vector>
 
 MO_AbstractModuleVisitor::~MO_AbstractModuleVisitor() = default;
@@ -34,7 +36,10 @@ void MO_ModuleVisitor::visit(TUGroup& group)
 {
     // Walk a snapshot held by strong pointers: a visitor that edits the network
     // cannot pull a node or the list out from under its own walk.
-    const std::vector<UT_SharedPtr<MO_Node>> nodes(group.subNodesBegin(), group.subNodesEnd());
+    // The buffer holds the usual group without a heap allocation.
+    QVarLengthArray<UT_SharedPtr<MO_Node>, 32> nodes;
+    for (auto node = group.subNodesBegin(); node != group.subNodesEnd(); ++node)
+        nodes.append(*node);
     for (UT_SharedPtr<MO_Node> const& node : nodes)
         node->accept(*this);
 }

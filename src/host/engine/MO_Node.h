@@ -10,7 +10,7 @@
 #include <QString>
 #include <QtGlobal>
 
-#include <list>
+#include <vector>
 
 class AT_DoubleAttr;
 class AT_DrawingAttr;
@@ -96,7 +96,8 @@ class TUGroup : public MO_Module
 {
     HOST_MODULE_DISPATCH
 public:
-    using SubNodes = std::list<UT_SharedPtr<MO_Node>>;
+    // A vector: walks read the children side by side in memory.
+    using SubNodes = std::vector<UT_SharedPtr<MO_Node>>;
     using SubNodeIterator = SubNodes::const_iterator;
 
     TUGroup(SC_SceneCommon* scene, QString const& instanceName);

@@ -22,9 +22,10 @@ public:
         int drawingId;
     };
 
-    int elementId = -1;
     CA_DrawingKind kind = CA_DrawingKind::Other;
-    std::map<int, QString> drawings;
+    // Each drawing's key is made with the drawing and handed out as a copy: a key is
+    // immutable and shares its source, so asking for it allocates nothing.
+    std::map<int, CA_CelKey> drawings;
     // Runs of exposure by first frame; they never overlap.
     std::map<int, Run> runs;
 
@@ -47,7 +48,7 @@ TUElementTimedValue::TUElementTimedValue(
     if (elementId < 0)
         elementId = g_nextElementId;
     reserveElementId(elementId);
-    e->elementId = elementId;
+    m_elementId = elementId;
     e->kind = kind;
 }
 
@@ -58,7 +59,7 @@ TUElementTimedValue::~TUElementTimedValue()
 
 int TUElementTimedValue::elementId() const
 {
-    return e->elementId;
+    return m_elementId;
 }
 
 CA_DrawingKind TUElementTimedValue::drawingKind() const
@@ -82,7 +83,7 @@ bool TUElementTimedValue::hasDrawing(int drawingId) const
 QString TUElementTimedValue::drawingFileName(int drawingId) const
 {
     const auto it = e->drawings.find(drawingId);
-    return it == e->drawings.end() ? QString() : it->second;
+    return it == e->drawings.end() ? QString() : it->second.source()->fileName();
 }
 
 std::vector<TUElementTimedValue::Exposure> TUElementTimedValue::exposures() const
@@ -110,14 +111,12 @@ CA_CelKey TUElementTimedValue::keyAt(double frame) const
 CA_CelKey TUElementTimedValue::drawingKey(int drawingId) const
 {
     const auto it = e->drawings.find(drawingId);
-    if (it == e->drawings.end())
-        return CA_CelKey();
-    return CA_CelKey(CA_CelKeyElement(e->elementId, drawingId, e->kind, it->second));
+    return it == e->drawings.end() ? CA_CelKey() : it->second;
 }
 
 bool TUElementTimedValue::containsDrawing(int elementId, int drawingId) const
 {
-    if (elementId != e->elementId)
+    if (elementId != m_elementId)
         return false;
     for (auto const& run : e->runs) {
         if (run.second.drawingId == drawingId)
@@ -136,7 +135,9 @@ int TUElementTimedValue::addDrawing(QString const& fileName, int drawingId)
 {
     if (drawingId < 0)
         drawingId = e->drawings.empty() ? 1 : e->drawings.rbegin()->first + 1;
-    if (!e->drawings.emplace(drawingId, fileName).second)
+    if (e->drawings.count(drawingId)
+        || !e->drawings.emplace(drawingId, CA_CelKeyElement(m_elementId, drawingId, e->kind, fileName))
+                .second)
         return -1;
     return drawingId;
 }
