@@ -1,5 +1,6 @@
 #include "tracking/KRC_DrawingObserver.h"
 
+#include "infofields/KRC_InfoFieldList.h"
 #include "project/KRC_KrolleProject.h"
 
 #include <map>
@@ -36,16 +37,20 @@ bool findInElements(TUScene const& scene, int elementId, int drawingId, MO_Node*
     return false;
 }
 
-/// Whether an image field of the panel's info fields refers to the drawing: for each
-/// image field of `panel.infoFieldList()`, in order, the path `projectDir` + "/" + the
-/// field's key, made into a CA_CelKeyPath(path, 1, false), tested against `celkey` with
-/// isEquivalent. The panels' info field lists are not part of this build yet, so no
-/// panel is found this way until they are wired in here.
+/// Whether an image field of the panel's info fields refers to the drawing: the file at
+/// the project's folder and the field's key, as a path key of its first image.
 bool findInImageFields(Krolle::Panel_t const& panel, QString const& projectDir, CA_CelKey const& celkey)
 {
-    Q_UNUSED(panel);
-    Q_UNUSED(projectDir);
-    Q_UNUSED(celkey);
+    KRC_InfoFieldList const* fields = panel.infoFieldList();
+    if (!fields)
+        return false;
+    for (UT_SharedPtr<KRC_InfoField> const& field : *fields) {
+        if (!field || !field->isImage() || field->value().isEmpty())
+            continue;
+        CA_CelKey const key(CA_CelKeyPath(projectDir + QLatin1Char('/') + field->value(), 1, false));
+        if (key.isEquivalent(celkey))
+            return true;
+    }
     return false;
 }
 

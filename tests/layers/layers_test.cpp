@@ -2,6 +2,7 @@
 // and disabled layers; the view following engine edits, signal by signal; the drawing
 // observer; the layer records kept through a save and a reload.
 #include "host/engine/HostProjectFile.h"
+#include "infofields/KRC_InfoFieldList.h"
 #include "layers/KRC_PanelLayerManager.h"
 #include "metadata/KRC_MetadataFactory.h"
 #include "support/ProjectBoard.h"
@@ -189,6 +190,14 @@ TEST_P(PanelLayers, DrawingsAreFoundOnceThenRememberedEvenPastTheirPanel)
     ca_celCache->reportDrawingModified(hero->drawingAttr()->key(1.0));
     EXPECT_EQ(layers().getLayerDrawingFlag(hero), Manager::DrawingFlag_None);
     EXPECT_EQ(drawn.count(), 3);
+
+    // A drawing shown through a panel's image field is found by its file.
+    const int sketch = board->insertInfoField(true, KRC_InfoFieldDesc::kImage, "Sketch", INT_MAX, INT_MAX, false);
+    board.panelAt(1, 0).infoFieldList()->getInfoField(sketch)->setValue("boards/p1.png");
+    const QString dir = board.project()->projectCommon()->dbSceneData()->projectDir();
+    ca_celCache->reportDrawingModified(CA_CelKeyPath(dir + "/boards/p1.png", 1, false));
+    ASSERT_EQ(found.count(), 4);
+    EXPECT_EQ(found.last().at(0).value<SC_Id>(), board.panel(1, 0));
 
     // Once its panel is gone the key still names the old id; the layer manager finds no panel.
     ASSERT_TRUE(HostAuthoring::removePanel(board.project(), board.panel(0, 1)));
