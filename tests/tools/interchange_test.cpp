@@ -121,7 +121,12 @@ TEST_F(Interchange, ABoardComesBackFromItsCutAsItWas)
     ok({ "fields", "demo.xml", "--hide", "Notes" });
     ok({ "set", "demo.xml", "--panel", "SH010/2", "--field", "Dialogue", "--value", "Hello, \"world\"" });
     ok({ "set", "demo.xml", "--panel", "SH030/1", "--field", "Notes", "--value", "a <b> & c" });
-    EXPECT_TRUE(ok({ "export", "demo.xml", "--format", "csv" }).out.contains(",00:00:00:21,\"Hello, \"\"world\"\"\"\r\n"));
+    QByteArray board = sandbox.read("demo.xml");
+    board.replace(board.indexOf("trackingFlag=\"false\" trackingDate=\"\""), 36, "trackingFlag=\"true\" trackingDate=\"2026-11-20T10:30:00\"");
+    sandbox.write("demo.xml", board);
+    EXPECT_TRUE(ok({ "export", "demo.xml", "--format", "csv" })
+                    .out.contains(",00:00:00:11,,true,2026-11-20T10:30:00\r\nOpening,SQ010,SH010,2,13,22,10,00:00:00:12,"
+                                  "00:00:00:21,\"Hello, \"\"world\"\"\",false,\r\n"));
     for (const char* by : { "panel", "shot" }) {
         ok({ "export", "demo.xml", "--format", "otio", "--by", by, "--out", "cut.otio" });
         ASSERT_TRUE(QDir().mkpath(sandbox.path("back")));

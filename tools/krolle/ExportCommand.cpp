@@ -24,6 +24,7 @@ QByteArray document(const ProjectDocument& project, const QString& format, bool 
     if (format == QLatin1String("csv")) {
         QJsonObject outline = StoryboardOutline::read(project.view(), project.path(), fps);
         StoryboardOutline::addFieldValues(outline, project.view());
+        StoryboardOutline::addToPanels(outline, project.view(), QStringLiteral("tracking"), &StoryboardCut::trackingOf);
         return CsvWriter::write(outline, byShot).toUtf8();
     }
     const StoryboardCut cut = StoryboardCut::read(project.view(),

@@ -65,7 +65,7 @@ ExitStatus ImportCommand::run(const ArgumentValues& arguments)
     ProjectDocument document;
     try {
         board.plan().build(document);
-        board.applyFields(document.view());
+        board.applyPanelFacts(document.view());
     } catch (const ToolError& error) {
         throw ToolError::file(QStringLiteral("cannot build a board from %1: %2").arg(cut, error.message()));
     }

@@ -171,7 +171,8 @@ QString StoryboardOutline::table(const QJsonObject& outline)
 // Puts the panels' field values (plain text) into the outline, as "fields" of each
 // panel and the column names as "fieldNames". The outline lists the panels shot by
 // shot, which is the order of the view's walk of all panels.
-void StoryboardOutline::addFieldValues(QJsonObject& outline, const KRC_KrolleProject& view)
+void StoryboardOutline::addToPanels(QJsonObject& outline, const KRC_KrolleProject& view, const QString& key,
+    const std::function<QJsonValue(const Krolle::Panel_t&)>& of)
 {
     auto panel = view.beginPanel();
     QJsonArray shots = outline.value(QStringLiteral("shots")).toArray();
@@ -180,13 +181,18 @@ void StoryboardOutline::addFieldValues(QJsonObject& outline, const KRC_KrollePro
         QJsonArray panels = shot.value(QStringLiteral("panels")).toArray();
         for (QJsonValueRef panelValue : panels) {
             QJsonObject entry = panelValue.toObject();
-            entry.insert(QStringLiteral("fields"), InfoFieldText::panelValues(view, *panel++));
+            entry.insert(key, of(*panel++));
             panelValue = entry;
         }
         shot.insert(QStringLiteral("panels"), panels);
         shotValue = shot;
     }
     outline.insert(QStringLiteral("shots"), shots);
-    outline.insert(QStringLiteral("fieldNames"), QJsonArray::fromStringList(InfoFieldText::panelColumns(view)));
 }
 
+void StoryboardOutline::addFieldValues(QJsonObject& outline, const KRC_KrolleProject& view)
+{
+    addToPanels(outline, view, QStringLiteral("fields"),
+        [&view](const Krolle::Panel_t& panel) { return InfoFieldText::panelValues(view, panel); });
+    outline.insert(QStringLiteral("fieldNames"), QJsonArray::fromStringList(InfoFieldText::panelColumns(view)));
+}

@@ -4,7 +4,12 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <functional>
+
 class KRC_KrolleProject;
+namespace Krolle {
+class Panel_t;
+} // namespace Krolle
 
 // Reads a whole project through the library: shots from first to last with
 // next(), panels of each shot from its first with next(), the transitions at
@@ -23,4 +28,7 @@ public:
     // Puts the panels' visible info field values (plain text) into an outline, as
     // "fields" of each panel, and the column names as "fieldNames".
     static void addFieldValues(QJsonObject& outline, const KRC_KrolleProject& view);
+    // Puts what `of` says of each panel into the panel's entry of an outline, under `key`.
+    static void addToPanels(QJsonObject& outline, const KRC_KrolleProject& view, const QString& key,
+        const std::function<QJsonValue(const Krolle::Panel_t&)>& of);
 };

@@ -39,6 +39,12 @@ QStringList cells(const QJsonObject& shot, const QJsonObject& object, const QStr
     const QJsonObject values = object.value(QStringLiteral("fields")).toObject();
     for (const QString& field : fields)
         row << values.value(field).toString();
+    const QJsonObject tracking = object.value(QStringLiteral("tracking")).toObject();
+    if (!tracking.isEmpty())
+        row << (tracking.value(QStringLiteral("tracked")).toBool() ? QStringLiteral("true") : QStringLiteral("false"))
+            << tracking.value(QStringLiteral("date")).toString();
+    else
+        row << QString() << QString();
     return row;
 }
 
@@ -52,7 +58,7 @@ QString CsvWriter::write(const QJsonObject& outline, bool byShot)
     QString csv = row(QStringList { QStringLiteral("act"), QStringLiteral("sequence"), QStringLiteral("shot"),
                           QStringLiteral("panel"), QStringLiteral("first"), QStringLiteral("last"),
                           QStringLiteral("length"), QStringLiteral("in"), QStringLiteral("out") }
-        + fields);
+        + fields + QStringList { QStringLiteral("tracked"), QStringLiteral("tracking date") });
     for (const QJsonValue& value : outline.value(QStringLiteral("shots")).toArray()) {
         const QJsonObject shot = value.toObject();
         if (byShot) {

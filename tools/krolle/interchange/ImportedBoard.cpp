@@ -2,6 +2,7 @@
 
 #include "../InfoFieldText.h"
 
+#include "metadata/KRC_Tracking.h"
 #include "project/KRC_KrolleProject.h"
 
 StoryboardPlan ImportedBoard::plan() const
@@ -33,19 +34,39 @@ StoryboardPlan ImportedBoard::plan() const
     return StoryboardPlan::custom(tokens.join(QLatin1Char(' ')), names, panels, sequences, ruleSettings, ids);
 }
 
-void ImportedBoard::applyFields(KRC_KrolleProject& view) const
+namespace {
+
+void setFields(KRC_KrolleProject& view, const Krolle::Panel_t& panel, const QJsonObject& values)
 {
-    if (panelFields.isEmpty())
+    for (auto value = values.begin(); value != values.end(); ++value) {
+        if (!value.value().toString().isEmpty() && view.getFieldByName(true, value.key()) != INT_MAX)
+            InfoFieldText::setPanelValue(view, panel, value.key(), value.value().toString());
+    }
+}
+
+void setTracking(const Krolle::Panel_t& panel, const QJsonObject& facts)
+{
+    KRC_Tracking* tracking = panel.tracking();
+    if (!tracking || !facts.value(QStringLiteral("tracked")).toBool())
         return;
-    InfoFieldText::definePanelFields(view, panelFields);
+    tracking->setIsTracked(true);
+    tracking->setTrackingDate(QDateTime::fromString(facts.value(QStringLiteral("date")).toString(), Qt::ISODate));
+    tracking->setTrackingNote(facts.value(QStringLiteral("note")).toString(QStringLiteral("")));
+}
+
+} // namespace
+
+void ImportedBoard::applyPanelFacts(KRC_KrolleProject& view) const
+{
+    if (!panelFields.isEmpty())
+        InfoFieldText::definePanelFields(view, panelFields);
     auto panel = view.beginPanel();
     for (const Shot& shot : shots) {
         for (int i = 0; i < shot.panelLengths.size(); ++i, ++panel) {
-            const QJsonObject values = i < shot.panelFields.size() ? shot.panelFields[i] : QJsonObject();
-            for (auto value = values.begin(); value != values.end(); ++value) {
-                if (!value.value().toString().isEmpty() && view.getFieldByName(true, value.key()) != INT_MAX)
-                    InfoFieldText::setPanelValue(view, *panel, value.key(), value.value().toString());
-            }
+            if (i < shot.panelFields.size())
+                setFields(view, *panel, shot.panelFields[i]);
+            if (i < shot.panelTracking.size())
+                setTracking(*panel, shot.panelTracking[i]);
         }
     }
 }

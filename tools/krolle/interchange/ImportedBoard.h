@@ -20,6 +20,7 @@ struct ImportedBoard
         StoryboardPlan::Shot names;
         QVector<unsigned> panelLengths;
         QVector<QJsonObject> panelFields; // per panel: field name to plain text
+        QVector<QJsonObject> panelTracking; // per panel: as StoryboardCut::trackingOf, or empty
     };
     struct Transition
     {
@@ -39,6 +40,7 @@ struct ImportedBoard
     QJsonArray panelFields; // panel field definitions, as InfoFieldText::panelDefinitions
 
     StoryboardPlan plan() const;
-    // Defines the panel fields in the view of the built plan and gives its panels their values.
-    void applyFields(KRC_KrolleProject& view) const;
+    // Defines the panel fields in the view of the built plan and gives its panels their
+    // values and tracking records.
+    void applyPanelFacts(KRC_KrolleProject& view) const;
 };

@@ -381,6 +381,7 @@ private:
         m_board.ids.panels.back().push_back(idIn(panel));
         m_board.shots.last().names.panelNames.append(nameIn(panel, "name", "custom"));
         m_board.shots.last().panelFields.append(panel.value(QStringLiteral("fields")).toObject());
+        m_board.shots.last().panelTracking.append(panel.value(QStringLiteral("tracking")).toObject());
     }
 
     // The panels of a shot clip; the last one takes what editorial changed.

@@ -6,6 +6,7 @@
 
 #include "infofields/KRC_PanelInfoFieldDescList.h"
 #include "metadata/KRC_SceneInfo.h"
+#include "metadata/KRC_Tracking.h"
 #include "project/KRC_KrolleProject.h"
 
 #include <QJsonArray>
@@ -162,6 +163,9 @@ private:
         QJsonObject facts = m_objects.panel(panel, number).toObject();
         if (m_fields)
             facts.insert(QStringLiteral("fields"), InfoFieldText::panelValues(m_view, panel, true));
+        const QJsonObject tracking = StoryboardCut::trackingOf(panel);
+        if (tracking.value(QStringLiteral("tracked")).toBool())
+            facts.insert(QStringLiteral("tracking"), tracking);
         return facts;
     }
 
@@ -172,6 +176,15 @@ private:
 };
 
 } // namespace
+
+QJsonObject StoryboardCut::trackingOf(const Krolle::Panel_t& panel)
+{
+    const KRC_Tracking* tracking = panel.tracking();
+    const bool tracked = tracking && tracking->isTracked();
+    return { { QStringLiteral("tracked"), tracked },
+        { QStringLiteral("date"), tracked ? tracking->trackingDate().toString(Qt::ISODate) : QString() },
+        { QStringLiteral("note"), tracked ? tracking->trackingNote() : QString() } };
+}
 
 StoryboardCut StoryboardCut::read(const KRC_KrolleProject& view, By by, const QString& title)
 {

@@ -7,6 +7,9 @@
 #include <vector>
 
 class KRC_KrolleProject;
+namespace Krolle {
+class Panel_t;
+} // namespace Krolle
 
 // One clip of the cut: a panel, or a whole shot.
 struct CutClip
@@ -65,4 +68,6 @@ public:
 
     // The namespace of the storyboard's facts in every metadata dictionary.
     static const QString kNamespace;
+    // A panel's tracking record as facts: {"tracked", "date" (ISO, empty when none), "note"}.
+    static QJsonObject trackingOf(const Krolle::Panel_t& panel);
 };
