@@ -48,6 +48,12 @@ CutClip clipOf(const QString& name, unsigned first, unsigned last, ShownRange sh
     return clip;
 }
 
+QJsonObject shotReference(const QJsonObject& facts)
+{
+    return { { QStringLiteral("id"), facts.value(QStringLiteral("id")) },
+        { QStringLiteral("name"), facts.value(QStringLiteral("name")) } };
+}
+
 QJsonObject shotFacts(const ObjectJson& objects, const Krolle::Shot_t& shot, unsigned number)
 {
     QJsonObject facts = objects.shot(shot, number).toObject();
@@ -117,9 +123,10 @@ private:
             CutItem item;
             item.clip = clipOf(shot.name() + QLatin1Char('/') + panel->name(), panel->firstFrame(),
                 panel->lastFrame(), shown);
-            item.clip.facts = { { QStringLiteral("shot"), facts },
-                { QStringLiteral("panel"), panelFacts(*panel, ++panelNumber) } };
-            item.clip.opensShot = panelNumber == 1;
+            // The shot's facts stand once, on its first clip; the others name it.
+            item.clip.opensShot = ++panelNumber == 1;
+            item.clip.facts = { { QStringLiteral("shot"), item.clip.opensShot ? facts : shotReference(facts) },
+                { QStringLiteral("panel"), panelFacts(*panel, panelNumber) } };
             addClip(std::move(item), shot.name());
         }
     }
