@@ -23,6 +23,8 @@ const std::map<QString, QStringList> kSchemaKeys {
     { "Transition.1", { "OTIO_SCHEMA", "metadata", "name", "in_offset", "out_offset", "transition_type" } },
     { "Marker.2", { "OTIO_SCHEMA", "metadata", "name", "color", "marked_range", "comment" } },
     { "MissingReference.1", { "OTIO_SCHEMA", "metadata", "name", "available_range", "available_image_bounds" } },
+    { "ExternalReference.1",
+        { "OTIO_SCHEMA", "metadata", "name", "available_range", "available_image_bounds", "target_url" } },
     { "RationalTime.1", { "OTIO_SCHEMA", "rate", "value" } },
     { "TimeRange.1", { "OTIO_SCHEMA", "duration", "start_time" } },
 };
@@ -121,6 +123,13 @@ TEST_F(Interchange, ABoardComesBackFromItsCutAsItWas)
     ok({ "fields", "demo.xml", "--hide", "Notes" });
     ok({ "set", "demo.xml", "--panel", "SH010/2", "--field", "Dialogue", "--value", "Hello, \"world\"" });
     ok({ "set", "demo.xml", "--panel", "SH030/1", "--field", "Notes", "--value", "a <b> & c" });
+    ok({ "fields", "demo.xml", "--add", "Sketch", "--image" });
+    ok({ "set", "demo.xml", "--panel", "SH010/1", "--field", "Sketch", "--value", "images/SH010_1.png" });
+    const QJsonObject cut = parse(ok({ "export", "demo.xml", "--format", "otio" }).out.toUtf8());
+    const QJsonValue clip = cut["tracks"]["children"][0]["children"][0];
+    const QJsonObject media = clip["media_references"]["DEFAULT_MEDIA"].toObject();
+    expectSchemas(media, "media");
+    EXPECT_EQ(media["target_url"], "images/SH010_1.png");
     QByteArray board = sandbox.read("demo.xml");
     board.replace(board.indexOf("trackingFlag=\"false\" trackingDate=\"\""), 36, "trackingFlag=\"true\" trackingDate=\"2026-11-20T10:30:00\"");
     sandbox.write("demo.xml", board);

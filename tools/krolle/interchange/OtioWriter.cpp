@@ -43,11 +43,19 @@ QJsonObject marker(const QString& name, unsigned fps)
     return object;
 }
 
-QJsonObject missingMedia()
+// The clip's picture as an external reference that lasts the clip, or missing media.
+QJsonObject mediaOf(const CutClip& cut, unsigned fps)
 {
-    QJsonObject media = item(kMissingReference, QString(), {});
-    media.insert(QStringLiteral("available_range"), QJsonValue());
+    if (cut.image.isEmpty()) {
+        QJsonObject media = item(kMissingReference, QString(), {});
+        media.insert(QStringLiteral("available_range"), QJsonValue());
+        media.insert(QStringLiteral("available_image_bounds"), QJsonValue());
+        return media;
+    }
+    QJsonObject media = item(kExternalReference, QString(), {});
+    media.insert(QStringLiteral("available_range"), timeRange(0, cut.length, fps));
     media.insert(QStringLiteral("available_image_bounds"), QJsonValue());
+    media.insert(QStringLiteral("target_url"), cut.image);
     return media;
 }
 
@@ -58,7 +66,7 @@ QJsonObject clip(const CutClip& cut, unsigned fps)
     if (cut.opensShot)
         markers.append(marker(cut.shotName, fps));
     addComposable(object, timeRange(0, cut.length, fps), markers);
-    object.insert(QStringLiteral("media_references"), QJsonObject { { kMediaKey, missingMedia() } });
+    object.insert(QStringLiteral("media_references"), QJsonObject { { kMediaKey, mediaOf(cut, fps) } });
     object.insert(QStringLiteral("active_media_reference_key"), kMediaKey);
     return object;
 }

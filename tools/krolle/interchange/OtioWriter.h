@@ -10,8 +10,10 @@ class StoryboardCut;
 // starting at 0 at the given rate, a "SMPTE_Dissolve" transition per cut
 // transition, a marker at each shot's first clip, and the storyboard's facts
 // under the "krolle" key of each object's metadata. Every field of each schema
-// is present, null where it has no value. Clips have no media yet
-// (MissingReference). The timeline starts at 01:00:00:00.
+// is present, null where it has no value. A clip whose panel has a picture (an
+// image info field) references it (ExternalReference, the key relative to the
+// project's folder); others have MissingReference. The timeline starts at
+// 01:00:00:00.
 class OtioWriter
 {
 public:

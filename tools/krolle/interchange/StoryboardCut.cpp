@@ -4,6 +4,7 @@
 #include "../NamingRulesEditor.h"
 #include "../ObjectJson.h"
 
+#include "infofields/KRC_InfoFieldList.h"
 #include "infofields/KRC_PanelInfoFieldDescList.h"
 #include "metadata/KRC_SceneInfo.h"
 #include "metadata/KRC_Tracking.h"
@@ -115,6 +116,7 @@ private:
             for (auto panel = m_view.beginPanel(shot), end = m_view.endPanel(shot); panel != end; ++panel)
                 panels.append(panelFacts(*panel, ++panelNumber));
             item.clip.facts = { { QStringLiteral("shot"), facts }, { QStringLiteral("panels"), panels } };
+            item.clip.image = imageOf(*m_view.beginPanel(shot));
             addClip(std::move(item), shot.name());
             return;
         }
@@ -125,6 +127,7 @@ private:
                 panel->lastFrame(), shown);
             // The shot's facts stand once, on its first clip; the others name it.
             item.clip.opensShot = ++panelNumber == 1;
+            item.clip.image = imageOf(*panel);
             item.clip.facts = { { QStringLiteral("shot"), item.clip.opensShot ? facts : shotReference(facts) },
                 { QStringLiteral("panel"), panelFacts(*panel, panelNumber) } };
             addClip(std::move(item), shot.name());
@@ -162,6 +165,19 @@ private:
             transition.inOffset = std::min(transition.inOffset, items[i - 1].clip.length);
             transition.outOffset = std::min(transition.outOffset, items[i + 1].clip.length);
         }
+    }
+
+    // The key of the panel's first image field that has one.
+    QString imageOf(const Krolle::Panel_t& panel) const
+    {
+        const KRC_InfoFieldList* fields = m_fields ? panel.infoFieldList() : nullptr;
+        if (!fields)
+            return QString();
+        for (const UT_SharedPtr<KRC_InfoField>& field : *fields) {
+            if (field && field->isImage() && !field->value().isEmpty())
+                return field->value();
+        }
+        return QString();
     }
 
     // A panel's facts, with its field values (plain text) where the project has fields.

@@ -20,6 +20,7 @@ struct CutClip
     unsigned length = 0; // frames shown; 0 when transitions hide all of it
     unsigned hidden = 0; // frames of the object under a transition, not shown
     bool opensShot = false; // the shot's first clip: it carries the shot's marker
+    QString image; // the panel's picture (its first image field's key), empty when none
     QJsonObject facts; // the storyboard's own facts, for the "krolle" metadata
 };
 
