@@ -7,6 +7,10 @@
 #include "infofields/KRC_PanelInfoFieldDescList.h"
 #include "infofields/KRC_ProjectInfoFieldDescList.h"
 
+// Panel exposure and sound records.
+#include "metadata/KRC_ExposurePoints.h"
+#include "metadata/KRC_SoundAnnotation.h"
+
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/KRC_ReferenceToolData.h"
@@ -47,7 +51,11 @@ std::vector<Entry> const& dispatchTable()
         { KRC_InfoFieldList::kPIO_KRMETA_Keyword, &create<KRC_InfoFieldList> },
         { KRC_ExtraInfoFieldDescList::kPIO_KRMETA_Keyword, &create<KRC_ExtraInfoFieldDescList> },
         { KRC_HiddenInfoFieldList::kPIO_KRMETA_Keyword, &create<KRC_HiddenInfoFieldList> },
+        // Panel exposure points.
+        { KRC_ExposurePoints::kPIO_KRMETA_Keyword, &create<KRC_ExposurePoints> },
         { KRC_NamingRules::kPIO_KRMETA_Keyword, &create<KRC_NamingRules> },
+        // Panel sound annotations.
+        { KRC_SoundAnnotation::kPIO_KRMETA_Keyword, &create<KRC_SoundAnnotation> },
         { KRC_PdfOptions::kPIO_KRMETA_Keyword, &create<KRC_PdfOptions> },
         { KRC_ReferenceToolData::kPIO_KRMETA_Keyword, &create<KRC_ReferenceToolData> },
     };

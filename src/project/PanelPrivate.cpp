@@ -11,6 +11,10 @@ PanelPrivate::PanelPrivate(
     , shot(holder)
     , panelInfo(metadatasOf(panelScene))
     , infoFieldList(PIO_MetadataAccess<KRC_InfoFieldList>::lookupOnly(metadatasOf(panelScene)))
+    // Panel exposure points.
+    , exposurePoints(metadatasOf(panelScene))
+    // Panel sound annotations.
+    , soundAnnotation(metadatasOf(panelScene))
     , pdfOptions(metadatasOf(panelScene))
 {
 }

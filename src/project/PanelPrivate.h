@@ -3,6 +3,9 @@
 
 #include "infofields/KRC_InfoFieldList.h"
 #include "metadata/KRC_PanelInfo.h"
+// Panel exposure and sound records.
+#include "metadata/KRC_ExposurePoints.h"
+#include "metadata/KRC_SoundAnnotation.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/PIO_MetadataAccess.h"
 #include "project/ObjectPrivate.h"
@@ -38,6 +41,10 @@ public:
     /// Looks up without creating; Panel_t::infoFieldList() creates the list on its
     /// first read, so panels without fields save no empty record.
     PIO_MetadataAccess<KRC_InfoFieldList> infoFieldList;
+    // Panel exposure points.
+    PIO_MetadataAccess<KRC_ExposurePoints> exposurePoints;
+    // Panel sound annotations.
+    PIO_MetadataAccess<KRC_SoundAnnotation> soundAnnotation;
     PIO_MetadataAccess<KRC_PdfOptions> pdfOptions;
 };
 

@@ -57,6 +57,16 @@ KRC_InfoFieldList* Panel_t::infoFieldList() const
     return access.get();
 }
 
+KRC_ExposurePoints* Panel_t::exposurePoints() const
+{
+    return get()->exposurePoints.get();
+}
+
+KRC_SoundAnnotation* Panel_t::soundAnnotation() const
+{
+    return get()->soundAnnotation.get();
+}
+
 KRC_PdfOptions* Panel_t::pdfOptions() const
 {
     return get()->pdfOptions.get();

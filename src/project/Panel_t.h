@@ -39,6 +39,12 @@ public:
     /// The values of the panel's info fields, made on the first read; null without a
     /// scene.
     KRC_InfoFieldList* infoFieldList() const;
+    /// The panel's exposure points, made with the panel's first handle; null without a
+    /// scene.
+    KRC_ExposurePoints* exposurePoints() const;
+    /// The panel's sound annotations, made with the panel's first handle; null without a
+    /// scene.
+    KRC_SoundAnnotation* soundAnnotation() const;
     /// The panel's PDF export options, made with the panel's first handle; null without
     /// a scene.
     KRC_PdfOptions* pdfOptions() const;
