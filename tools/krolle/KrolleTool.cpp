@@ -7,6 +7,8 @@
 #include "DemoCommand.h"
 #include "ExportCommand.h"
 #include "FieldsCommand.h"
+// Camera.
+#include "CameraCommand.h"
 #include "ImportCommand.h"
 #include "InsertPanelCommand.h"
 #include "InsertShotCommand.h"
@@ -41,6 +43,8 @@ KrolleTool::KrolleTool()
     // Info fields.
     m_commands.emplace_back(new FieldsCommand);
     m_commands.emplace_back(new SetCommand);
+    // Camera.
+    m_commands.emplace_back(new CameraCommand);
 }
 
 KrolleTool::~KrolleTool() = default;
