@@ -4,6 +4,7 @@
 #include "project/KRC_SceneChangeManager.h"
 #include "project/KRC_SessionContext.h"
 #include "support/EngineFixtures.h"
+#include "support/ProjectInvariants.h"
 
 #include <gtest/gtest.h>
 
@@ -81,6 +82,12 @@ TEST(CameraManager, AnswersByTheKindOfScene)
     }
     // The panel's frame 1 is the shot's frame 5, where the second key stands.
     EXPECT_EQ(scaleX(3.0) * translated(1.0, 0.0),
+        camera->globalCameraMatrix(panel.symbol()->sceneCommon(), MO_FrameKey(1.0, 1)));
+    // The manager keeps nothing: an edit of the engine shows at once.
+    first.symbol()->removeEmbeddedCameraKey(5.0);
+    session->changeManager()->notify();
+    EXPECT_TRUE(projectViewIsConsistent(*view));
+    EXPECT_EQ(scaleX(2.0) * translated(1.0, 0.0),
         camera->globalCameraMatrix(panel.symbol()->sceneCommon(), MO_FrameKey(1.0, 1)));
     EXPECT_EQ(Camera::defaultMatrix(), KRC_CameraManager::shotCameraMatrix(Krolle::Shot_t::invalid, 1.0));
     EXPECT_TRUE(KRC_CameraManager::shotEmbeddedCameraMatrix(Krolle::Shot_t::invalid, 1.0).isIdentity());
