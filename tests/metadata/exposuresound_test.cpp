@@ -58,6 +58,23 @@ TEST(SoundAnnotation, IdsCountDeletedEntries)
     EXPECT_EQ(4u, sounds.count());
 }
 
+TEST(PanelRecordReaders, SkipWhatDoesNotParseAndKeepTheLastOfAnId)
+{
+    const auto sounds = metatest::readDocument(metatest::entryDocument(QStringLiteral("soundAnnotation"),
+        QString(), QStringLiteral("<soundAnnotation><soundFile id=\"x\" path=\"a\"/><soundFile id=\"5\" path=\"b\"/>"
+                                  "<soundFile id=\"5\" path=\"c\"/></soundAnnotation>")));
+    KRC_SoundAnnotation* sound = metatest::first<KRC_SoundAnnotation>(sounds.get());
+    ASSERT_TRUE(sound);
+    EXPECT_EQ(1u, sound->count());
+    EXPECT_EQ(QStringLiteral("c"), sound->filePath(5));
+    const auto points = metatest::readDocument(metatest::entryDocument(QStringLiteral("exposurePoints"), QString(),
+        QStringLiteral("<exposurePoints primaryExposure=\"?\"><pt value=\"0.5\"/><pt value=\"\"/></exposurePoints>")));
+    KRC_ExposurePoints* point = metatest::first<KRC_ExposurePoints>(points.get());
+    ASSERT_TRUE(point);
+    EXPECT_EQ(KRC_ExposurePoints::ExposureList { 0.5f }, point->exposureList());
+    EXPECT_FALSE(point->isPrimaryExposurePoint(0.5f));
+}
+
 TEST(PanelRecords, ExposureAndSoundSurviveASaveDeletedSoundsDoNot)
 {
     ProjectBoard board(QStringLiteral("S[4,4] S[6]"));
