@@ -8,6 +8,10 @@
 #include "infofields/KRC_ProjectInfoFieldDescList.h"
 
 #include "metadata/KRC_LayerInfos.h"
+// Panel exposure and sound records.
+#include "metadata/KRC_ExposurePoints.h"
+#include "metadata/KRC_SoundAnnotation.h"
+
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/KRC_ReferenceToolData.h"
@@ -52,7 +56,11 @@ std::vector<Entry> const& dispatchTable()
         // Panel layer records.
         { KRC_Tracking::kPIO_KRMETA_Keyword, &create<KRC_Tracking> },
         { KRC_LayerInfos::kPIO_KRMETA_Keyword, &create<KRC_LayerInfos> },
+        // Panel exposure points.
+        { KRC_ExposurePoints::kPIO_KRMETA_Keyword, &create<KRC_ExposurePoints> },
         { KRC_NamingRules::kPIO_KRMETA_Keyword, &create<KRC_NamingRules> },
+        // Panel sound annotations.
+        { KRC_SoundAnnotation::kPIO_KRMETA_Keyword, &create<KRC_SoundAnnotation> },
         { KRC_PdfOptions::kPIO_KRMETA_Keyword, &create<KRC_PdfOptions> },
         { KRC_ReferenceToolData::kPIO_KRMETA_Keyword, &create<KRC_ReferenceToolData> },
     };

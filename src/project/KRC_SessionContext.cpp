@@ -1,5 +1,8 @@
 #include "project/KRC_SessionContext.h"
 
+// The storyboard camera.
+#include "camera/KRC_CameraManager.h"
+
 #include "project/KRC_KrolleProject.h"
 #include "project/KRC_SceneChangeManager.h"
 
@@ -40,8 +43,9 @@ TUSceneChangeManager* KRC_SessionContext::createChangeManager()
 
 SC_CameraManager* KRC_SessionContext::createCameraManager()
 {
-    // The storyboard's camera manager replaces the engine's with its own issue.
-    return new SC_CameraManager(this);
+    // The storyboard's camera: shots compose their embedded camera, panels follow
+    // their shot.
+    return new KRC_CameraManager(this);
 }
 
 KRC_KrolleProject* KRC_SessionContext::createKrolleProject(SC_Project* project)

@@ -13,6 +13,10 @@ PanelPrivate::PanelPrivate(
     , infoFieldList(PIO_MetadataAccess<KRC_InfoFieldList>::lookupOnly(metadatasOf(panelScene)))
     , tracking(metadatasOf(panelScene))
     , layerInfos(metadatasOf(panelScene))
+    // Panel exposure points.
+    , exposurePoints(metadatasOf(panelScene))
+    // Panel sound annotations.
+    , soundAnnotation(metadatasOf(panelScene))
     , pdfOptions(metadatasOf(panelScene))
 {
 }

@@ -4,6 +4,9 @@
 #include "infofields/KRC_InfoFieldList.h"
 #include "metadata/KRC_LayerInfos.h"
 #include "metadata/KRC_PanelInfo.h"
+// Panel exposure and sound records.
+#include "metadata/KRC_ExposurePoints.h"
+#include "metadata/KRC_SoundAnnotation.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/KRC_Tracking.h"
 #include "metadata/PIO_MetadataAccess.h"
@@ -42,6 +45,10 @@ public:
     PIO_MetadataAccess<KRC_InfoFieldList> infoFieldList;
     PIO_MetadataAccess<KRC_Tracking> tracking;
     PIO_MetadataAccess<KRC_LayerInfos> layerInfos;
+    // Panel exposure points.
+    PIO_MetadataAccess<KRC_ExposurePoints> exposurePoints;
+    // Panel sound annotations.
+    PIO_MetadataAccess<KRC_SoundAnnotation> soundAnnotation;
     PIO_MetadataAccess<KRC_PdfOptions> pdfOptions;
 };
 

@@ -67,6 +67,16 @@ KRC_LayerInfos* Panel_t::layerInfos() const
     return get()->layerInfos.get();
 }
 
+KRC_ExposurePoints* Panel_t::exposurePoints() const
+{
+    return get()->exposurePoints.get();
+}
+
+KRC_SoundAnnotation* Panel_t::soundAnnotation() const
+{
+    return get()->soundAnnotation.get();
+}
+
 KRC_PdfOptions* Panel_t::pdfOptions() const
 {
     return get()->pdfOptions.get();

@@ -45,6 +45,12 @@ public:
     /// The flags kept per layer of the panel, made with the panel's first handle; null
     /// without a scene.
     KRC_LayerInfos* layerInfos() const;
+    /// The panel's exposure points, made with the panel's first handle; null without a
+    /// scene.
+    KRC_ExposurePoints* exposurePoints() const;
+    /// The panel's sound annotations, made with the panel's first handle; null without a
+    /// scene.
+    KRC_SoundAnnotation* soundAnnotation() const;
     /// The panel's PDF export options, made with the panel's first handle; null without
     /// a scene.
     KRC_PdfOptions* pdfOptions() const;

@@ -83,6 +83,8 @@ TEST_F(ToolCommands, GoldenOutputs)
         { { "layers", "demo.xml", "--panel", "SH080/3" }, "layers_demo.txt" },
         { { "layers", "demo.xml", "--panel", "SH010/1", "--json" }, "layers_demo.json" },
         { { "outline", "small.xml", "--layers" }, "outline_small_layers.txt" },
+        // Camera.
+        { { "camera", "demo.xml", "140" }, "camera_demo.txt" },
     };
     for (const auto& [arguments, golden] : cases)
         expectGolden(arguments, QString::fromLatin1(golden));
@@ -192,6 +194,9 @@ TEST_F(ToolCommands, RefusalsAndFindingsLeaveTheFileAsItWas)
     const std::tuple<QStringList, int, const char*> cases[] = {
         { { "at", "small.xml", "88" }, 1,
             "krolle at: frame 88 is outside the shots of small.xml, which end at frame 87\n" },
+        // Camera.
+        { { "camera", "demo.xml", "999" }, 1,
+            "krolle camera: frame 999 is outside the shots of demo.xml, which end at frame 450\n" },
         { { "insert-shot", "demo.xml", "--after", "SH020" }, 1,
             "krolle insert-shot: cannot insert a shot after shot 2 \"SH020\": junction 2 holds a "
             "transition\n" },

@@ -1,6 +1,7 @@
 #include "KrolleTool.h"
 
 #include "AtCommand.h"
+#include "CameraCommand.h"
 #include "CheckCommand.h"
 #include "Command.h"
 #include "Console.h"
@@ -44,6 +45,8 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new SetCommand);
     // Panel layers.
     m_commands.emplace_back(new LayersCommand);
+    // Camera.
+    m_commands.emplace_back(new CameraCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

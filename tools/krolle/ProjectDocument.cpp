@@ -35,6 +35,11 @@ TUSceneChangeManager* ProjectDocument::changeManager() const
     return m_session->changeManager();
 }
 
+SC_CameraManager* ProjectDocument::cameraManager() const
+{
+    return m_session->cameraManager();
+}
+
 void ProjectDocument::open(const QString& path)
 {
     std::unique_ptr<ProgressBar> progress;

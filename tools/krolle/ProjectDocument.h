@@ -8,6 +8,7 @@
 
 class KRC_KrolleProject;
 class KRC_SessionContext;
+class SC_CameraManager;
 class SC_Project;
 class TUSceneChangeManager;
 
@@ -30,6 +31,8 @@ public:
 
     // The manager that projects made for adopt() must post to.
     TUSceneChangeManager* changeManager() const;
+    // The session's camera manager, the one the engine asks about cameras.
+    SC_CameraManager* cameraManager() const;
 
     // Loads a project file; throws ToolError::file when it is missing or refused.
     void open(const QString& path);

@@ -116,12 +116,16 @@ StoryboardPlan StoryboardPlan::demo()
         if (!row.act)
             continue;
         plan.m_shots.append({ QString::fromUtf8(row.act), QString::fromUtf8(row.sequence),
-            row.name ? QString::fromUtf8(row.name) : QString(), row.panels });
+            row.name ? QString::fromUtf8(row.name) : QString(), row.panels, {} });
         plan.m_panelCount
             += static_cast<unsigned>(QString::fromLatin1(row.token).count(QLatin1Char(',')) + 1);
     }
     plan.m_timeline = tokens.join(QLatin1Char(' '));
     plan.m_layers = PanelLayerPlan::demo();
+    // The project's camera stands back from the drawings, and SH040 pushes in in two
+    // steps of its embedded camera.
+    plan.m_cameraDistance = 12.0;
+    plan.m_shots[3].cameraKeys = { { 1.0, 0.0, 0.0, 0.0 }, { 17.0, 0.0, 0.0, -0.5 }, { 25.0, 0.5, 0.0, -1.0 } };
     return plan;
 }
 
@@ -143,6 +147,7 @@ void StoryboardPlan::build(ProjectDocument& document) const
     buildTimeline(document);
     applyNames(document);
     m_layers.build(document, m_panelCount);
+    applyCameras(document);
 }
 
 void StoryboardPlan::buildTimeline(ProjectDocument& document) const
@@ -180,4 +185,21 @@ void StoryboardPlan::applyNames(ProjectDocument& document) const
         shot = view.next(shot);
         progress.advance();
     }
+}
+
+void StoryboardPlan::applyCameras(ProjectDocument& document) const
+{
+    KRC_KrolleProject& view = document.view();
+    if (m_cameraDistance != 0.0)
+        view.projectCommon()->setDefaultCameraMatrix(Math::Matrix4x4().translate(0.0, 0.0, m_cameraDistance));
+    Krolle::Shot_t shot = view.first(Krolle::Shot_t::invalid);
+    for (const Shot& plan : m_shots) {
+        for (const Shot::CameraKey& key : plan.cameraKeys) {
+            Math::Matrix4x4 matrix;
+            matrix.translate(key.x, key.y, key.z);
+            shot.symbol()->setEmbeddedCameraKey(key.frame, matrix);
+        }
+        shot = view.next(shot);
+    }
+    document.notify();
 }

@@ -39,6 +39,13 @@ public:
         QString sequence;
         QString name;
         QStringList panelNames; // by position in the shot; missing or null entries stay automatic
+        // Keys of the camera embedded in the shot's scene: a translation at a frame of the shot.
+        struct CameraKey
+        {
+            double frame;
+            double x, y, z;
+        };
+        QVector<CameraKey> cameraKeys;
     };
 
     // A storyboard of any size for trying a host at scale; panel lengths and
@@ -63,6 +70,8 @@ public:
 private:
     void buildTimeline(ProjectDocument& document) const;
     void applyNames(ProjectDocument& document) const;
+    // Sets the shots' embedded camera keys, where the plan has them.
+    void applyCameras(ProjectDocument& document) const;
 
     QString m_timeline;
     QVector<Shot> m_shots;
@@ -71,4 +80,5 @@ private:
     QStringList m_ruleSettings; // naming rules to set, in the form of "krolle rules --set"
     HostStoryboard m_ids; // ids to restore, where the plan has them
     PanelLayerPlan m_layers = PanelLayerPlan::none();
+    double m_cameraDistance = 0.0; // the project's default camera stands this far back along z
 };
