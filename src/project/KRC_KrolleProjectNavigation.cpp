@@ -3,6 +3,7 @@
 // sequences, rediscovered at every call by comparing names.
 #include "project/KRC_KrolleProject.h"
 
+#include "project/EngineLinks.h"
 #include "project/KRC_KrolleProjectPrivate.h"
 
 using Krolle::Panel_t;
@@ -68,22 +69,27 @@ template <class T, class Name> unsigned runLength(KRC_KrolleProject const& view,
 
 // Shots.
 
-Shot_t KRC_KrolleProject::neighbourShot(Shot_t const& shot, bool forward) const
+Shot_t KRC_KrolleProject::shotFromBlock(AT_FrameBlock const* block, bool forward) const
 {
-    if (shot.isInvalid())
-        return shot;
     TUSeqTimedValue* tv = topSceneTv();
     if (!tv)
         return Shot_t::invalid;
     // Only scene blocks are shots: transitions and blocks of other kinds are passed over.
-    AT_FrameBlock const* block = shot.frameBlock();
-    for (block = forward ? tv->getNextBlock(block) : tv->getPrevBlock(block); block;
-         block = forward ? tv->getNextBlock(block) : tv->getPrevBlock(block)) {
+    for (; block; block = forward ? tv->getNextBlock(block) : tv->getPrevBlock(block)) {
         if (!AT_TransitionSeq::isTransition(block->seq())
             && AT_AbstractSceneSeq::toAbstractScene(block->seq()))
             return shotOfBlock(block);
     }
     return Shot_t::invalid;
+}
+
+Shot_t KRC_KrolleProject::neighbourShot(Shot_t const& shot, bool forward) const
+{
+    TUSeqTimedValue* tv = topSceneTv();
+    if (shot.isInvalid() || !tv)
+        return Shot_t::invalid;
+    AT_FrameBlock const* block = shot.frameBlock();
+    return shotFromBlock(forward ? tv->getNextBlock(block) : tv->getPrevBlock(block), forward);
 }
 
 Shot_t KRC_KrolleProject::next(Shot_t const& shot) const
@@ -96,15 +102,22 @@ Shot_t KRC_KrolleProject::prev(Shot_t const& shot) const
     return neighbourShot(shot, false);
 }
 
+// A timeline that a host left without a shot at one of its ends is walked from the
+// first (last) shot block all the same.
 Shot_t KRC_KrolleProject::first(Shot_t const&) const
 {
-    return getShotAt(1, PreferPrevious);
+    Shot_t const atStart = getShotAt(1, PreferPrevious);
+    TUSeqTimedValue* tv = topSceneTv();
+    return atStart.isValid() || !tv ? atStart : shotFromBlock(tv->blockAt(0), true);
 }
 
 Shot_t KRC_KrolleProject::last(Shot_t const&) const
 {
     TUSeqTimedValue* tv = topSceneTv();
-    return tv ? getShotAt(tv->nFrames(), PreferNext) : Shot_t::invalid;
+    if (!tv)
+        return Shot_t::invalid;
+    Shot_t const atEnd = getShotAt(tv->nFrames(), PreferNext);
+    return atEnd.isValid() || tv->getBlockCount() == 0 ? atEnd : shotFromBlock(tv->blockAt(tv->getBlockCount() - 1), false);
 }
 
 Shot_t KRC_KrolleProject::firstInAct(Shot_t const& shot) const
@@ -139,36 +152,72 @@ Shot_t KRC_KrolleProject::firstInNextSequence(Shot_t const& shot) const
 
 // Panels.
 
+// A panel's ends come through the shot's warp, while getPanelIn counts frames from
+// the warp's start alone; under a warp that stretches or squeezes the symbol the frame
+// beside a panel can still show that panel. The steps below move on frame by frame
+// until another panel shows, so that a walk never stands still. A frame that shows no
+// panel (a host may build such a timeline; files with one are refused) is passed
+// over, and a shot without panels too, so that every walk ends where the project does.
+
+Panel_t KRC_KrolleProject::panelFrom(Shot_t const& shot, unsigned frame, bool forward, Panel_t const& not_) const
+{
+    TUSeqTimedValue const* symbolTv = shot.isValid() ? Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock())) : nullptr;
+    if (!symbolTv)
+        return Panel_t::invalid;
+    unsigned const frames = shot.objNumOfFrame();
+    unsigned const symbolEnd = symbolTv->nFrames();
+    for (; frame >= 1 && frame <= frames; forward ? ++frame : --frame) {
+        unsigned const tvFrame = shot.prjFrameToTvFrame(frame);
+        // The symbol frames grow with the shot's: past either end of the symbol no
+        // panel shows, so a walk leaves at once rather than frame by frame.
+        if (tvFrame == 0 && !forward)
+            break;
+        if (tvFrame > symbolEnd) {
+            unsigned const beyond = tvFrame - symbolEnd;
+            if (forward || beyond >= frame)
+                break;
+            frame -= beyond - 1;
+            continue;
+        }
+        if (!symbolTv->getBlock(tvFrame))
+            continue;
+        Panel_t const found = getPanelIn(shot, frame);
+        if (found.isValid() && found != not_)
+            return found;
+    }
+    return Panel_t::invalid;
+}
+
+Panel_t KRC_KrolleProject::panelOfShots(Shot_t shot, bool forward) const
+{
+    for (; shot.isValid(); shot = forward ? next(shot) : prev(shot)) {
+        Panel_t const found = forward ? firstPanelOf(shot) : lastPanelOf(shot);
+        if (found.isValid())
+            return found;
+    }
+    return Panel_t::invalid;
+}
+
 Panel_t KRC_KrolleProject::firstPanelOf(Shot_t const& shot) const
 {
-    return getPanelIn(shot, 1);
+    return panelFrom(shot, 1, true, Panel_t::invalid);
 }
 
 Panel_t KRC_KrolleProject::lastPanelOf(Shot_t const& shot) const
 {
-    return getPanelIn(shot, 1 - shot.firstFrame() + shot.lastFrame());
+    return panelFrom(shot, shot.objNumOfFrame(), false, Panel_t::invalid);
 }
-
-// A panel's ends come through the shot's warp, while getPanelIn counts frames from
-// the warp's start alone; under a warp that stretches or squeezes the symbol the frame
-// beside a panel can still show that panel. The steps below move on frame by frame
-// until another panel shows, so that a walk never stands still.
 
 Panel_t KRC_KrolleProject::next(Panel_t const& panel) const
 {
     if (panel.isInvalid())
         return panel;
     Shot_t const& shot = panel.shot();
-    if (panel.lastFrame() < shot.lastFrame()) {
-        // The frame behind the panel, counted from 1 inside the shot.
-        for (unsigned frame = 2 - shot.firstFrame() + panel.lastFrame(); frame <= shot.objNumOfFrame();
-             ++frame) {
-            Panel_t const found = getPanelIn(shot, frame);
-            if (found != panel)
-                return found;
-        }
-    }
-    return firstPanelOf(next(shot));
+    // The frame behind the panel, counted from 1 inside the shot.
+    Panel_t const found = panel.lastFrame() < shot.lastFrame()
+        ? panelFrom(shot, 2 - shot.firstFrame() + panel.lastFrame(), true, panel)
+        : Panel_t::invalid;
+    return found.isValid() ? found : panelOfShots(next(shot), true);
 }
 
 Panel_t KRC_KrolleProject::prev(Panel_t const& panel) const
@@ -176,25 +225,21 @@ Panel_t KRC_KrolleProject::prev(Panel_t const& panel) const
     if (panel.isInvalid())
         return panel;
     Shot_t const& shot = panel.shot();
-    if (panel.firstFrame() > shot.firstFrame()) {
-        // The frame before the panel, counted from 1 inside the shot.
-        for (unsigned frame = panel.firstFrame() - shot.firstFrame(); frame >= 1; --frame) {
-            Panel_t const found = getPanelIn(shot, frame);
-            if (found != panel)
-                return found;
-        }
-    }
-    return lastPanelOf(prev(shot));
+    // The frame before the panel, counted from 1 inside the shot.
+    Panel_t const found = panel.firstFrame() > shot.firstFrame()
+        ? panelFrom(shot, panel.firstFrame() - shot.firstFrame(), false, panel)
+        : Panel_t::invalid;
+    return found.isValid() ? found : panelOfShots(prev(shot), false);
 }
 
 Panel_t KRC_KrolleProject::first(Panel_t const&) const
 {
-    return firstPanelOf(first(Shot_t::invalid));
+    return panelOfShots(first(Shot_t::invalid), true);
 }
 
 Panel_t KRC_KrolleProject::last(Panel_t const&) const
 {
-    return lastPanelOf(last(Shot_t::invalid));
+    return panelOfShots(last(Shot_t::invalid), false);
 }
 
 Panel_t KRC_KrolleProject::firstInShot(Panel_t const& panel) const

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 #include <iterator>
 #include <type_traits>
 #include <utility>
@@ -219,5 +220,64 @@ TEST(EditedTimeline, AnIteratorKeepsItsOldHandleAndANewWalkSeesTheEdit)
     EXPECT_EQ((std::vector<SC_Id> { board.shot(0), added, board.shot(1) }),
         idsOfWalk(board->beginShot(), board->endShot()));
 }
+
+// Timelines that a host built with a frame that no block covers, or with two blocks on
+// one frame: every walk ends, forward and back over the same panels, and passes a hole.
+struct GapCase
+{
+    char const* name;
+    bool inShot; // the top scene's blocks, or the panels of shot 0
+    unsigned index; // the block taken out (a hole) or moved back by one frame (an overlap)
+    bool hole;
+};
+
+GapCase const kGaps[] = {
+    { "TopStart", false, 0, true },
+    { "TopMiddle", false, 1, true },
+    { "TopEnd", false, 2, true },
+    { "ShotStart", true, 0, true },
+    { "ShotMiddle", true, 1, true },
+    { "ShotEnd", true, 2, true },
+    { "TopMiddleOverlap", false, 1, false },
+    { "TopEndOverlap", false, 2, false },
+    { "ShotMiddleOverlap", true, 1, false },
+    { "ShotEndOverlap", true, 2, false },
+};
+
+class GappedTimeline : public testing::TestWithParam<GapCase>
+{
+};
+
+TEST_P(GappedTimeline, EveryWalkEnds)
+{
+    GapCase const& gap = GetParam();
+    ProjectBoard board(QStringLiteral("S[3,3,3] S[4] S[2,2]"));
+    std::vector<SC_Id> expected = boardPanelIds(board.board);
+    TUSeqTimedValue* seq = gap.inShot ? HostAuthoring::symbolOf(board.project(), board.shot(0))->sequence()
+                                      : board.timeline();
+    if (gap.hole) {
+        std::vector<SC_Id> const& gone
+            = gap.inShot ? std::vector<SC_Id> { board.panel(0, gap.index) } : board.board.panels[gap.index];
+        for (SC_Id const& id : gone)
+            expected.erase(std::find(expected.begin(), expected.end(), id));
+        seq->takeBlock(gap.index);
+    } else {
+        AT_FrameBlock const* block = seq->blockAt(gap.index);
+        seq->setBlockRange(gap.index, block->firstFrame - 1, block->lastFrame);
+    }
+    board.notify();
+    std::vector<SC_Id> const forward = idsOfWalk(board->beginPanel(), board->endPanel());
+    std::vector<SC_Id> const backward = idsOfWalk(board->rbeginPanel(), board->rendPanel());
+    if (gap.hole) {
+        EXPECT_EQ(expected, forward);
+    }
+    EXPECT_EQ(std::vector<SC_Id>(forward.rbegin(), forward.rend()), backward);
+    EXPECT_LT(forward.size(), 20u);
+    for (objiterator<Shot_t> shot = board->beginShot(); shot != board->endShot(); ++shot)
+        EXPECT_LT(idsOfWalk(board->beginPanel(*shot), board->endPanel(*shot)).size(), 20u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Timelines, GappedTimeline, testing::ValuesIn(kGaps),
+    [](testing::TestParamInfo<GapCase> const& info) { return std::string(info.param.name); });
 
 } // namespace
