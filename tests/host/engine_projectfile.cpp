@@ -14,6 +14,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -223,6 +224,34 @@ TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntactAndNamesThePath)
     EXPECT_FALSE(HostProjectFile::load(nowhere, &error));
     EXPECT_TRUE(error.startsWith(nowhere)) << qPrintable(error);
     EXPECT_FALSE(HostProjectFile::save(nullptr, path("x.xml"), &error));
+}
+
+// A save given the load's fingerprint replaces the file only while it is as loaded;
+// the saved file keeps its permission bits.
+TEST_F(EngineProjectFile, saveRefusesAFileChangedSinceItsLoadAndKeepsPermissions)
+{
+    HostStoryboard board = engineBoard(QStringLiteral("S[2] S[3]"));
+    QString const target = path("p.xml");
+    ASSERT_TRUE(HostProjectFile::save(board.project.get(), target));
+    QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup);
+    HostFileFingerprint loaded;
+    QString error;
+    UT_SharedPtr<SC_Project> project = HostProjectFile::load(target, &error, nullptr, &loaded);
+    ASSERT_TRUE(project) << qPrintable(error);
+    EXPECT_FALSE(loaded.changedOnDisk(target));
+    ASSERT_TRUE(HostProjectFile::save(project.get(), target, &error, &loaded)) << qPrintable(error);
+    struct stat status = {};
+    ASSERT_EQ(::stat(QFile::encodeName(target).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0640u);
+
+    HostFileFingerprint const current = HostFileFingerprint::ofFile(target);
+    QFile other(target);
+    ASSERT_TRUE(other.open(QIODevice::Append));
+    other.write("<!-- another program -->\n");
+    other.close();
+    EXPECT_TRUE(current.changedOnDisk(target));
+    EXPECT_FALSE(HostProjectFile::save(project.get(), target, &error, &current));
+    EXPECT_TRUE(error.endsWith(QStringLiteral("changed on disk since it was loaded; it is left as it is")));
 }
 
 } // namespace
