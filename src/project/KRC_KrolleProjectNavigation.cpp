@@ -117,7 +117,9 @@ Shot_t KRC_KrolleProject::last(Shot_t const&) const
     if (!tv)
         return Shot_t::invalid;
     Shot_t const atEnd = getShotAt(tv->nFrames(), PreferNext);
-    return atEnd.isValid() || tv->getBlockCount() == 0 ? atEnd : shotFromBlock(tv->blockAt(tv->getBlockCount() - 1), false);
+    return atEnd.isValid() || tv->getBlockCount() == 0
+        ? atEnd
+        : shotFromBlock(tv->blockAt(tv->getBlockCount() - 1), false);
 }
 
 Shot_t KRC_KrolleProject::firstInAct(Shot_t const& shot) const
@@ -159,9 +161,11 @@ Shot_t KRC_KrolleProject::firstInNextSequence(Shot_t const& shot) const
 // panel (a host may build such a timeline; files with one are refused) is passed
 // over, and a shot without panels too, so that every walk ends where the project does.
 
-Panel_t KRC_KrolleProject::panelFrom(Shot_t const& shot, unsigned frame, bool forward, Panel_t const& not_) const
+Panel_t KRC_KrolleProject::panelFrom(
+    Shot_t const& shot, unsigned frame, bool forward, Panel_t const& not_) const
 {
-    TUSeqTimedValue const* symbolTv = shot.isValid() ? Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock())) : nullptr;
+    TUSeqTimedValue const* symbolTv
+        = shot.isValid() ? Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock())) : nullptr;
     if (!symbolTv)
         return Panel_t::invalid;
     unsigned const frames = shot.objNumOfFrame();

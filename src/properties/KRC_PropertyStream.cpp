@@ -2,8 +2,8 @@
 
 #include <QColor>
 #include <QIODevice>
-#include <QTextLength>
 #include <QStringList>
+#include <QTextLength>
 
 #include <iterator>
 

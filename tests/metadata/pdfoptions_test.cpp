@@ -110,8 +110,7 @@ TEST(PdfOptions, LegacyBlobsAndRefusedMarkedBlobsAreReadFromByteZeroInVersion6)
     ASSERT_TRUE(record);
     EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u);
 
-    // The right mark with another mark version is no current blob: read from byte
-    // zero in version 6, where the mark is no string, it is dropped.
+    // The mark with another mark version: read from byte zero in version 6, and dropped.
     const QByteArray otherVersion = PropertyBlobs::raw(12, [](QDataStream& out) {
         out << quint32(0xb0b00000) << qint32(474);
         KRC_Property("o", 5, nullptr).store(out);

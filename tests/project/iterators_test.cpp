@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string>
 #include <iterator>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -221,63 +221,40 @@ TEST(EditedTimeline, AnIteratorKeepsItsOldHandleAndANewWalkSeesTheEdit)
         idsOfWalk(board->beginShot(), board->endShot()));
 }
 
-// Timelines that a host built with a frame that no block covers, or with two blocks on
-// one frame: every walk ends, forward and back over the same panels, and passes a hole.
-struct GapCase
-{
-    char const* name;
-    bool inShot; // the top scene's blocks, or the panels of shot 0
-    unsigned index; // the block taken out (a hole) or moved back by one frame (an overlap)
-    bool hole;
-};
+// A host's timeline with a hole (a block of shot 0's panels or of the top scene taken out)
+// or an overlap (a block moved back a frame): every walk ends, the same both ways.
+std::tuple<bool, unsigned, bool> const kGaps[] = { { false, 0, true }, { false, 1, true }, { false, 2, true },
+    { true, 0, true }, { true, 1, true }, { true, 2, true }, { false, 1, false }, { false, 2, false },
+    { true, 1, false }, { true, 2, false } };
 
-GapCase const kGaps[] = {
-    { "TopStart", false, 0, true },
-    { "TopMiddle", false, 1, true },
-    { "TopEnd", false, 2, true },
-    { "ShotStart", true, 0, true },
-    { "ShotMiddle", true, 1, true },
-    { "ShotEnd", true, 2, true },
-    { "TopMiddleOverlap", false, 1, false },
-    { "TopEndOverlap", false, 2, false },
-    { "ShotMiddleOverlap", true, 1, false },
-    { "ShotEndOverlap", true, 2, false },
-};
-
-class GappedTimeline : public testing::TestWithParam<GapCase>
+class GappedTimeline : public testing::TestWithParam<std::tuple<bool, unsigned, bool>>
 {
 };
 
 TEST_P(GappedTimeline, EveryWalkEnds)
 {
-    GapCase const& gap = GetParam();
+    auto const [inShot, index, hole] = GetParam();
     ProjectBoard board(QStringLiteral("S[3,3,3] S[4] S[2,2]"));
     std::vector<SC_Id> expected = boardPanelIds(board.board);
-    TUSeqTimedValue* seq = gap.inShot ? HostAuthoring::symbolOf(board.project(), board.shot(0))->sequence()
-                                      : board.timeline();
-    if (gap.hole) {
-        std::vector<SC_Id> const& gone
-            = gap.inShot ? std::vector<SC_Id> { board.panel(0, gap.index) } : board.board.panels[gap.index];
-        for (SC_Id const& id : gone)
+    TUSeqTimedValue* seq
+        = inShot ? HostAuthoring::symbolOf(board.project(), board.shot(0))->sequence() : board.timeline();
+    if (hole) {
+        for (SC_Id const& id :
+            inShot ? std::vector<SC_Id> { board.panel(0, index) } : board.board.panels[index])
             expected.erase(std::find(expected.begin(), expected.end(), id));
-        seq->takeBlock(gap.index);
+        seq->takeBlock(index);
     } else {
-        AT_FrameBlock const* block = seq->blockAt(gap.index);
-        seq->setBlockRange(gap.index, block->firstFrame - 1, block->lastFrame);
+        seq->setBlockRange(index, seq->blockAt(index)->firstFrame - 1, seq->blockAt(index)->lastFrame);
     }
     board.notify();
     std::vector<SC_Id> const forward = idsOfWalk(board->beginPanel(), board->endPanel());
-    std::vector<SC_Id> const backward = idsOfWalk(board->rbeginPanel(), board->rendPanel());
-    if (gap.hole) {
-        EXPECT_EQ(expected, forward);
-    }
-    EXPECT_EQ(std::vector<SC_Id>(forward.rbegin(), forward.rend()), backward);
-    EXPECT_LT(forward.size(), 20u);
+    EXPECT_EQ(hole ? expected : forward, forward);
+    EXPECT_EQ(std::vector<SC_Id>(forward.rbegin(), forward.rend()),
+        idsOfWalk(board->rbeginPanel(), board->rendPanel()));
     for (objiterator<Shot_t> shot = board->beginShot(); shot != board->endShot(); ++shot)
         EXPECT_LT(idsOfWalk(board->beginPanel(*shot), board->endPanel(*shot)).size(), 20u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Timelines, GappedTimeline, testing::ValuesIn(kGaps),
-    [](testing::TestParamInfo<GapCase> const& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Timelines, GappedTimeline, testing::ValuesIn(kGaps));
 
 } // namespace

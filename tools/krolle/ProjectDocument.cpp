@@ -20,6 +20,9 @@ namespace {
 const qint64 kLargeFileBytes = 4 * 1024 * 1024;
 const unsigned kLargeSceneCount = 4000;
 
+const QFileDevice::Permissions kAnyWrite
+    = QFileDevice::WriteOwner | QFileDevice::WriteGroup | QFileDevice::WriteOther;
+
 QString lockAge(const QString& lockPath)
 {
     const qint64 seconds = QFileInfo(lockPath).lastModified().secsTo(QDateTime::currentDateTime());
@@ -58,25 +61,34 @@ void ProjectDocument::lock(const QString& path)
     const QString age = lockAge(lockPath);
     if (m_lock->tryLock(0)) {
         if (existed)
-            Console::err(QStringLiteral("note: took over the stale lock %1 of process %2, which is gone (%3 old)\n")
-                             .arg(lockPath)
-                             .arg(pid)
-                             .arg(age));
+            Console::err(
+                QStringLiteral("note: took over the stale lock %1 of process %2, which is gone (%3 old)\n")
+                    .arg(lockPath)
+                    .arg(pid)
+                    .arg(age));
         return;
     }
     if (m_lock->error() == QLockFile::LockFailedError && m_lock->getLockInfo(&pid, &host, &application))
-        throw ToolError::file(QStringLiteral("%1 is being edited by process %2 on %3 (lock %4, taken %5 ago); "
-                                             "nothing was changed")
-                                  .arg(path)
-                                  .arg(pid)
-                                  .arg(host, lockPath, lockAge(lockPath)));
-    throw ToolError::file(QStringLiteral("cannot take the lock %1 beside %2; nothing was changed").arg(lockPath, path));
+        throw ToolError::file(
+            QStringLiteral("%1 is being edited by process %2 on %3 (lock %4, taken %5 ago); "
+                           "nothing was changed")
+                .arg(path)
+                .arg(pid)
+                .arg(host, lockPath, lockAge(lockPath)));
+    throw ToolError::file(
+        QStringLiteral("cannot take the lock %1 beside %2; nothing was changed").arg(lockPath, path));
 }
 
 void ProjectDocument::open(const QString& path, Access access)
 {
-    if (access == Access::Edit)
+    if (access == Access::Edit) {
         lock(path);
+        // Said before any work is done; the save checks again, for a change meanwhile.
+        const QFileInfo file(path);
+        if (file.isFile() && (file.permissions() & kAnyWrite) == 0)
+            throw ToolError::file(
+                QStringLiteral("cannot edit %1: it is read-only; it is left as it is").arg(path));
+    }
     std::unique_ptr<ProgressBar> progress;
     if (QFileInfo(path).size() >= kLargeFileBytes)
         progress.reset(new ProgressBar(QStringLiteral("loading %1").arg(path), 0));

@@ -196,7 +196,8 @@ void writeProject(QXmlStreamWriter& xml, SC_Project const& project)
 
 QString framesText(quint64 first, quint64 last)
 {
-    return first == last ? QStringLiteral("frame %1").arg(first) : QStringLiteral("frames %1 to %2").arg(first).arg(last);
+    return first == last ? QStringLiteral("frame %1").arg(first)
+                         : QStringLiteral("frames %1 to %2").arg(first).arg(last);
 }
 
 // Where something was read, for messages about it once the whole file is in.

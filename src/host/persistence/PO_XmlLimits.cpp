@@ -60,7 +60,10 @@ bool isReadableRegularFile(QString const& path, QString* error)
 
 QString located(QXmlStreamReader const& xml, QString const& message)
 {
-    return QStringLiteral("line %1, column %2: %3").arg(xml.lineNumber()).arg(xml.columnNumber()).arg(message);
+    return QStringLiteral("line %1, column %2: %3")
+        .arg(xml.lineNumber())
+        .arg(xml.columnNumber())
+        .arg(message);
 }
 
 // What the token at which `xml` stands breaks, or a null string.
