@@ -3,29 +3,20 @@
 // and the split around the numerical part must end, and the split must join back to
 // the name.
 #include "naming/KRC_NameHelper.h"
+#include "support/FuzzCheck.h"
 
 #include <QStringList>
 
 #include <cstdint>
 #include <cstdlib>
 
-namespace {
-
-void check(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
-
-void dropMessages(QtMsgType, QMessageLogContext const&, QString const&) { }
-
-} // namespace
+using fuzz::check;
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size)
 {
     if (size == 0)
         return 0;
-    qInstallMessageHandler(dropMessages);
+    fuzz::quiet();
     int const type = data[0] % 5;
     int const count = int(data[0] / 5) % 9 - 4;
     QString const name = QString::fromUtf8(reinterpret_cast<char const*>(data + 1), int(size - 1));

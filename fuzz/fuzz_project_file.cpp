@@ -8,6 +8,7 @@
 #include "project/KRC_KrolleProject.h"
 #include "project/KRC_SceneChangeManager.h"
 #include "project/KRC_SessionContext.h"
+#include "support/FuzzCheck.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -15,13 +16,7 @@
 
 namespace {
 
-void check(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
-
-void dropMessages(QtMsgType, QMessageLogContext const&, QString const&) { }
+using fuzz::check;
 
 // Steps from `from` with `step` until the invalid handle, at most `limit` times.
 template <class T, class Step> void walk(T from, unsigned limit, Step step)
@@ -42,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size)
     static PR_Preference preferences;
     (void)factory;
     tuPref = &preferences;
-    qInstallMessageHandler(dropMessages);
+    fuzz::quiet();
     QByteArray const input(reinterpret_cast<char const*>(data), int(size));
     std::unique_ptr<KRC_SessionContext> session(KRC_SessionContext::createSessionContext(nullptr, nullptr));
     QString error;

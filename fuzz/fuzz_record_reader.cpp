@@ -8,6 +8,7 @@
 #include "metadata/KRC_ReferenceToolData.h"
 #include "metadata/KRC_SceneInfo.h"
 #include "naming/KRC_NamingRules.h"
+#include "support/FuzzCheck.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -15,13 +16,7 @@
 
 namespace {
 
-void check(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
-
-void dropMessages(QtMsgType, QMessageLogContext const&, QString const&) { }
+using fuzz::check;
 
 struct Keyword
 {
@@ -45,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size)
     (void)factory;
     if (size == 0)
         return 0;
-    qInstallMessageHandler(dropMessages);
+    fuzz::quiet();
     Keyword const& picked = kKeywords[data[0] % std::size(kKeywords)];
     QByteArray const document = QStringLiteral("<metadatas><metadata type=\"%1\" version=\"%2\">")
                                     .arg(picked.keyword, picked.version)

@@ -349,9 +349,11 @@ private:
     Krolle::Trans_t transOfBlock(AT_FrameBlock const* block) const;
     Krolle::Panel_t firstPanelOf(Krolle::Shot_t const& shot) const;
     Krolle::Panel_t lastPanelOf(Krolle::Shot_t const& shot) const;
-    // The first panel other than `not_` from frame `frame` of the shot (counted from 1) on, or back.
+    // The panel of the first block from `block` (or `beyond` it) on, or back, that the shot shows.
     Krolle::Panel_t panelFrom(
-        Krolle::Shot_t const& shot, unsigned frame, bool forward, Krolle::Panel_t const& not_) const;
+        Krolle::Shot_t const& shot, AT_FrameBlock const* block, bool forward, bool beyond) const;
+    // The first or last panel the shot shows.
+    Krolle::Panel_t endPanelOf(Krolle::Shot_t const& shot, bool last) const;
     // The first (last) panel of the first shot from `shot` on (back) that has one.
     Krolle::Panel_t panelOfShots(Krolle::Shot_t shot, bool forward) const;
     /// The panel beside a transition of the shot's end (`atEnd`) or start, if any.

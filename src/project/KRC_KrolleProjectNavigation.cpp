@@ -154,40 +154,38 @@ Shot_t KRC_KrolleProject::firstInNextSequence(Shot_t const& shot) const
 
 // Panels.
 
-// A panel's ends come through the shot's warp, while getPanelIn counts frames from
-// the warp's start alone; under a warp that stretches or squeezes the symbol the frame
-// beside a panel can still show that panel. The steps below move on frame by frame
-// until another panel shows, so that a walk never stands still. A frame that shows no
-// panel (a host may build such a timeline; files with one are refused) is passed
-// over, and a shot without panels too, so that every walk ends where the project does.
+// A panel's ends come through the shot's warp, while getPanelIn counts frames from the
+// warp's start alone, so under a warp that stretches or squeezes the symbol the two
+// disagree about which frame is beside a panel. The steps therefore go by the order
+// of the symbol's blocks: the panel after (before) a panel is the one of the next
+// (previous) block that the shot shows, passing blocks that show no panel (a host may
+// build such a timeline; files with one are refused). Blocks are passed in one
+// direction only, so every walk ends where the project does.
 
 Panel_t KRC_KrolleProject::panelFrom(
-    Shot_t const& shot, unsigned frame, bool forward, Panel_t const& not_) const
+    Shot_t const& shot, AT_FrameBlock const* block, bool forward, bool beyond) const
 {
     TUSeqTimedValue const* symbolTv
         = shot.isValid() ? Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock())) : nullptr;
     if (!symbolTv)
         return Panel_t::invalid;
-    unsigned const frames = shot.objNumOfFrame();
-    unsigned const symbolEnd = symbolTv->nFrames();
-    for (; frame >= 1 && frame <= frames; forward ? ++frame : --frame) {
-        unsigned const tvFrame = shot.prjFrameToTvFrame(frame);
-        // The symbol frames grow with the shot's: past either end of the symbol no
-        // panel shows, so a walk leaves at once rather than frame by frame.
-        if (tvFrame == 0 && !forward)
-            break;
-        if (tvFrame > symbolEnd) {
-            unsigned const beyond = tvFrame - symbolEnd;
-            if (forward || beyond >= frame)
-                break;
-            frame -= beyond - 1;
+    if (beyond && block)
+        block = forward ? symbolTv->getNextBlock(block) : symbolTv->getPrevBlock(block);
+    // The symbol frames that the shot's frames 1 to its length look up.
+    unsigned const atFrame1 = shot.prjFrameToTvFrame(1);
+    unsigned const firstShown = std::max(1u, atFrame1);
+    unsigned const lastShown = shot.prjFrameToTvFrame(shot.objNumOfFrame());
+    for (; block; block = forward ? symbolTv->getNextBlock(block) : symbolTv->getPrevBlock(block)) {
+        if (block->lastFrame < firstShown || block->firstFrame > lastShown)
             continue;
+        // Looked up at its first frame shown, or at its last where another block
+        // overlaps the first.
+        for (unsigned const frame :
+            { std::max(firstShown, block->firstFrame), std::min(lastShown, block->lastFrame) }) {
+            Panel_t const found = getPanelIn(shot, frame - atFrame1 + 1);
+            if (found.isValid() && found.frameBlock() == block)
+                return found;
         }
-        if (!symbolTv->getBlock(tvFrame))
-            continue;
-        Panel_t const found = getPanelIn(shot, frame);
-        if (found.isValid() && found != not_)
-            return found;
     }
     return Panel_t::invalid;
 }
@@ -202,14 +200,26 @@ Panel_t KRC_KrolleProject::panelOfShots(Shot_t shot, bool forward) const
     return Panel_t::invalid;
 }
 
+Panel_t KRC_KrolleProject::endPanelOf(Shot_t const& shot, bool last) const
+{
+    // The frame at the end shows the end panel but on a timeline with a hole there.
+    Panel_t const atEnd = getPanelIn(shot, last ? shot.objNumOfFrame() : 1);
+    if (atEnd.isValid() || shot.isInvalid())
+        return atEnd;
+    TUSeqTimedValue const* symbolTv = Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock()));
+    unsigned const count = symbolTv ? symbolTv->getBlockCount() : 0;
+    return count == 0 ? Panel_t::invalid
+                      : panelFrom(shot, symbolTv->blockAt(last ? count - 1 : 0), !last, false);
+}
+
 Panel_t KRC_KrolleProject::firstPanelOf(Shot_t const& shot) const
 {
-    return panelFrom(shot, 1, true, Panel_t::invalid);
+    return endPanelOf(shot, false);
 }
 
 Panel_t KRC_KrolleProject::lastPanelOf(Shot_t const& shot) const
 {
-    return panelFrom(shot, shot.objNumOfFrame(), false, Panel_t::invalid);
+    return endPanelOf(shot, true);
 }
 
 Panel_t KRC_KrolleProject::next(Panel_t const& panel) const
@@ -217,10 +227,7 @@ Panel_t KRC_KrolleProject::next(Panel_t const& panel) const
     if (panel.isInvalid())
         return panel;
     Shot_t const& shot = panel.shot();
-    // The frame behind the panel, counted from 1 inside the shot.
-    Panel_t const found = panel.lastFrame() < shot.lastFrame()
-        ? panelFrom(shot, 2 - shot.firstFrame() + panel.lastFrame(), true, panel)
-        : Panel_t::invalid;
+    Panel_t const found = panelFrom(shot, panel.frameBlock(), true, true);
     return found.isValid() ? found : panelOfShots(next(shot), true);
 }
 
@@ -229,10 +236,7 @@ Panel_t KRC_KrolleProject::prev(Panel_t const& panel) const
     if (panel.isInvalid())
         return panel;
     Shot_t const& shot = panel.shot();
-    // The frame before the panel, counted from 1 inside the shot.
-    Panel_t const found = panel.firstFrame() > shot.firstFrame()
-        ? panelFrom(shot, panel.firstFrame() - shot.firstFrame(), false, panel)
-        : Panel_t::invalid;
+    Panel_t const found = panelFrom(shot, panel.frameBlock(), false, true);
     return found.isValid() ? found : panelOfShots(prev(shot), false);
 }
 
