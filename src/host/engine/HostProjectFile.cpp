@@ -777,6 +777,13 @@ QString whyNotWritable(QString const& path, mode_t& mode)
     return QString();
 }
 
+// The reason of a failed write: the system's, when it gave one (Qt says "Unknown
+// error" for a full disk or a file size limit), else Qt's.
+QString writeFailure(QFileDevice const& file)
+{
+    return errno != 0 ? QString::fromLocal8Bit(std::strerror(errno)) : file.errorString();
+}
+
 bool writeAtomically(QString const& path, QByteArray const& document, QString& reason)
 {
     QSaveFile file(path);
@@ -784,13 +791,14 @@ bool writeAtomically(QString const& path, QByteArray const& document, QString& r
         reason = file.errorString();
         return false;
     }
+    errno = 0;
     if (file.write(document) != document.size() || !file.flush()) {
-        reason = file.errorString();
+        reason = writeFailure(file);
         file.cancelWriting();
         return false;
     }
     if (!file.commit()) {
-        reason = file.errorString();
+        reason = writeFailure(file);
         return false;
     }
     return true;
