@@ -8,7 +8,7 @@ JOBS        ?= $(shell nproc 2>/dev/null || echo 2)
 PREFIX      ?= /usr/local
 CMAKE_FLAGS ?=
 
-.PHONY: all setup configure build demo test test-plain test-asan bench install clean
+.PHONY: all setup configure build demo test test-plain test-asan bench fuzz install clean
 
 all: build
 
@@ -51,8 +51,12 @@ bench: configure
 	cmake --build $(BUILD) -j $(JOBS) --target krolle_bench
 	$(BUILD)/bench/krolle_bench
 
+# libFuzzer runs (clang): each target FUZZ_SECONDS (60) seconds, in build-fuzz.
+fuzz:
+	@bash scripts/fuzz.sh
+
 install: build
 	cmake --install $(BUILD) --prefix $(PREFIX)
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) build-fuzz

@@ -2,6 +2,7 @@
 // timelines of 2,000 and 20,000 blocks, and saving and loading a project of 20,000
 // panels.
 #include "host/engine/HostEngine.h"
+#include "host/persistence/PO_XmlLimits.h"
 
 #include <QTemporaryDir>
 
@@ -156,6 +157,16 @@ void BM_LoadProject(benchmark::State& state)
     }
 }
 
+// The limits pass alone (part of every load): its share of BM_LoadProject.
+void BM_CheckLimits(benchmark::State& state)
+{
+    QByteArray const document = HostProjectFile::toXml(storyboardOf(unsigned(state.range(0))).project.get());
+    for (auto _ : state) {
+        if (!PO_XmlLimits::check(document, nullptr))
+            state.SkipWithError("refused");
+    }
+}
+
 } // namespace
 
 BENCHMARK(BM_GetBlock)->Arg(2000)->Arg(20000);
@@ -164,3 +175,4 @@ BENCHMARK(BM_GetBlockCount)->Arg(2000)->Arg(20000);
 BENCHMARK(BM_SceneManagerFind)->Arg(2000)->Arg(20000);
 BENCHMARK(BM_SaveProject)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadProject)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_CheckLimits)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(3);

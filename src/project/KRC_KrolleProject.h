@@ -447,9 +447,18 @@ private:
         AT_FrameBlock const* block, TUScene* scene) const;
     void reportPanelNotFound(Krolle::Shot_t const& shot, unsigned frame) const;
     Krolle::Shot_t neighbourShot(Krolle::Shot_t const& shot, bool forward) const;
+    // The shot of the first scene block from `block` on (back), `block` included.
+    Krolle::Shot_t shotFromBlock(AT_FrameBlock const* block, bool forward) const;
     Krolle::Trans_t transOfBlock(AT_FrameBlock const* block) const;
     Krolle::Panel_t firstPanelOf(Krolle::Shot_t const& shot) const;
     Krolle::Panel_t lastPanelOf(Krolle::Shot_t const& shot) const;
+    // The panel of the first block from `block` (or `beyond` it) on, or back, that the shot shows.
+    Krolle::Panel_t panelFrom(
+        Krolle::Shot_t const& shot, AT_FrameBlock const* block, bool forward, bool beyond) const;
+    // The first or last panel the shot shows.
+    Krolle::Panel_t endPanelOf(Krolle::Shot_t const& shot, bool last) const;
+    // The first (last) panel of the first shot from `shot` on (back) that has one.
+    Krolle::Panel_t panelOfShots(Krolle::Shot_t shot, bool forward) const;
     /// The panel beside a transition of the shot's end (`atEnd`) or start, if any.
     bool isBesideTrans(Krolle::Panel_t const& panel, bool atEnd, Krolle::Trans_t* trans) const;
     /// A mixed iterator standing on the transition, next to its panel.

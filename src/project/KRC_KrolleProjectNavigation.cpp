@@ -3,6 +3,7 @@
 // sequences, rediscovered at every call by comparing names.
 #include "project/KRC_KrolleProject.h"
 
+#include "project/EngineLinks.h"
 #include "project/KRC_KrolleProjectPrivate.h"
 
 using Krolle::Panel_t;
@@ -68,22 +69,27 @@ template <class T, class Name> unsigned runLength(KRC_KrolleProject const& view,
 
 // Shots.
 
-Shot_t KRC_KrolleProject::neighbourShot(Shot_t const& shot, bool forward) const
+Shot_t KRC_KrolleProject::shotFromBlock(AT_FrameBlock const* block, bool forward) const
 {
-    if (shot.isInvalid())
-        return shot;
     TUSeqTimedValue* tv = topSceneTv();
     if (!tv)
         return Shot_t::invalid;
     // Only scene blocks are shots: transitions and blocks of other kinds are passed over.
-    AT_FrameBlock const* block = shot.frameBlock();
-    for (block = forward ? tv->getNextBlock(block) : tv->getPrevBlock(block); block;
-         block = forward ? tv->getNextBlock(block) : tv->getPrevBlock(block)) {
+    for (; block; block = forward ? tv->getNextBlock(block) : tv->getPrevBlock(block)) {
         if (!AT_TransitionSeq::isTransition(block->seq())
             && AT_AbstractSceneSeq::toAbstractScene(block->seq()))
             return shotOfBlock(block);
     }
     return Shot_t::invalid;
+}
+
+Shot_t KRC_KrolleProject::neighbourShot(Shot_t const& shot, bool forward) const
+{
+    TUSeqTimedValue* tv = topSceneTv();
+    if (shot.isInvalid() || !tv)
+        return Shot_t::invalid;
+    AT_FrameBlock const* block = shot.frameBlock();
+    return shotFromBlock(forward ? tv->getNextBlock(block) : tv->getPrevBlock(block), forward);
 }
 
 Shot_t KRC_KrolleProject::next(Shot_t const& shot) const
@@ -96,15 +102,24 @@ Shot_t KRC_KrolleProject::prev(Shot_t const& shot) const
     return neighbourShot(shot, false);
 }
 
+// A timeline that a host left without a shot at one of its ends is walked from the
+// first (last) shot block all the same.
 Shot_t KRC_KrolleProject::first(Shot_t const&) const
 {
-    return getShotAt(1, PreferPrevious);
+    Shot_t const atStart = getShotAt(1, PreferPrevious);
+    TUSeqTimedValue* tv = topSceneTv();
+    return atStart.isValid() || !tv ? atStart : shotFromBlock(tv->blockAt(0), true);
 }
 
 Shot_t KRC_KrolleProject::last(Shot_t const&) const
 {
     TUSeqTimedValue* tv = topSceneTv();
-    return tv ? getShotAt(tv->nFrames(), PreferNext) : Shot_t::invalid;
+    if (!tv)
+        return Shot_t::invalid;
+    Shot_t const atEnd = getShotAt(tv->nFrames(), PreferNext);
+    return atEnd.isValid() || tv->getBlockCount() == 0
+        ? atEnd
+        : shotFromBlock(tv->blockAt(tv->getBlockCount() - 1), false);
 }
 
 Shot_t KRC_KrolleProject::firstInAct(Shot_t const& shot) const
@@ -139,36 +154,81 @@ Shot_t KRC_KrolleProject::firstInNextSequence(Shot_t const& shot) const
 
 // Panels.
 
+// A panel's ends come through the shot's warp, while getPanelIn counts frames from the
+// warp's start alone, so under a warp that stretches or squeezes the symbol the two
+// disagree about which frame is beside a panel. The steps therefore go by the order
+// of the symbol's blocks: the panel after (before) a panel is the one of the next
+// (previous) block that the shot shows, passing blocks that show no panel (a host may
+// build such a timeline; files with one are refused). Blocks are passed in one
+// direction only, so every walk ends where the project does.
+
+Panel_t KRC_KrolleProject::panelFrom(
+    Shot_t const& shot, AT_FrameBlock const* block, bool forward, bool beyond) const
+{
+    TUSeqTimedValue const* symbolTv
+        = shot.isValid() ? Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock())) : nullptr;
+    if (!symbolTv)
+        return Panel_t::invalid;
+    if (beyond && block)
+        block = forward ? symbolTv->getNextBlock(block) : symbolTv->getPrevBlock(block);
+    // The symbol frames that the shot's frames 1 to its length look up.
+    unsigned const atFrame1 = shot.prjFrameToTvFrame(1);
+    unsigned const firstShown = std::max(1u, atFrame1);
+    unsigned const lastShown = shot.prjFrameToTvFrame(shot.objNumOfFrame());
+    for (; block; block = forward ? symbolTv->getNextBlock(block) : symbolTv->getPrevBlock(block)) {
+        if (block->lastFrame < firstShown || block->firstFrame > lastShown)
+            continue;
+        // Looked up at its first frame shown, or at its last where another block
+        // overlaps the first.
+        for (unsigned const frame :
+            { std::max(firstShown, block->firstFrame), std::min(lastShown, block->lastFrame) }) {
+            Panel_t const found = getPanelIn(shot, frame - atFrame1 + 1);
+            if (found.isValid() && found.frameBlock() == block)
+                return found;
+        }
+    }
+    return Panel_t::invalid;
+}
+
+Panel_t KRC_KrolleProject::panelOfShots(Shot_t shot, bool forward) const
+{
+    for (; shot.isValid(); shot = forward ? next(shot) : prev(shot)) {
+        Panel_t const found = forward ? firstPanelOf(shot) : lastPanelOf(shot);
+        if (found.isValid())
+            return found;
+    }
+    return Panel_t::invalid;
+}
+
+Panel_t KRC_KrolleProject::endPanelOf(Shot_t const& shot, bool last) const
+{
+    // The frame at the end shows the end panel but on a timeline with a hole there.
+    Panel_t const atEnd = getPanelIn(shot, last ? shot.objNumOfFrame() : 1);
+    if (atEnd.isValid() || shot.isInvalid())
+        return atEnd;
+    TUSeqTimedValue const* symbolTv = Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock()));
+    unsigned const count = symbolTv ? symbolTv->getBlockCount() : 0;
+    return count == 0 ? Panel_t::invalid
+                      : panelFrom(shot, symbolTv->blockAt(last ? count - 1 : 0), !last, false);
+}
+
 Panel_t KRC_KrolleProject::firstPanelOf(Shot_t const& shot) const
 {
-    return getPanelIn(shot, 1);
+    return endPanelOf(shot, false);
 }
 
 Panel_t KRC_KrolleProject::lastPanelOf(Shot_t const& shot) const
 {
-    return getPanelIn(shot, 1 - shot.firstFrame() + shot.lastFrame());
+    return endPanelOf(shot, true);
 }
-
-// A panel's ends come through the shot's warp, while getPanelIn counts frames from
-// the warp's start alone; under a warp that stretches or squeezes the symbol the frame
-// beside a panel can still show that panel. The steps below move on frame by frame
-// until another panel shows, so that a walk never stands still.
 
 Panel_t KRC_KrolleProject::next(Panel_t const& panel) const
 {
     if (panel.isInvalid())
         return panel;
     Shot_t const& shot = panel.shot();
-    if (panel.lastFrame() < shot.lastFrame()) {
-        // The frame behind the panel, counted from 1 inside the shot.
-        for (unsigned frame = 2 - shot.firstFrame() + panel.lastFrame(); frame <= shot.objNumOfFrame();
-             ++frame) {
-            Panel_t const found = getPanelIn(shot, frame);
-            if (found != panel)
-                return found;
-        }
-    }
-    return firstPanelOf(next(shot));
+    Panel_t const found = panelFrom(shot, panel.frameBlock(), true, true);
+    return found.isValid() ? found : panelOfShots(next(shot), true);
 }
 
 Panel_t KRC_KrolleProject::prev(Panel_t const& panel) const
@@ -176,25 +236,18 @@ Panel_t KRC_KrolleProject::prev(Panel_t const& panel) const
     if (panel.isInvalid())
         return panel;
     Shot_t const& shot = panel.shot();
-    if (panel.firstFrame() > shot.firstFrame()) {
-        // The frame before the panel, counted from 1 inside the shot.
-        for (unsigned frame = panel.firstFrame() - shot.firstFrame(); frame >= 1; --frame) {
-            Panel_t const found = getPanelIn(shot, frame);
-            if (found != panel)
-                return found;
-        }
-    }
-    return lastPanelOf(prev(shot));
+    Panel_t const found = panelFrom(shot, panel.frameBlock(), false, true);
+    return found.isValid() ? found : panelOfShots(prev(shot), false);
 }
 
 Panel_t KRC_KrolleProject::first(Panel_t const&) const
 {
-    return firstPanelOf(first(Shot_t::invalid));
+    return panelOfShots(first(Shot_t::invalid), true);
 }
 
 Panel_t KRC_KrolleProject::last(Panel_t const&) const
 {
-    return lastPanelOf(last(Shot_t::invalid));
+    return panelOfShots(last(Shot_t::invalid), false);
 }
 
 Panel_t KRC_KrolleProject::firstInShot(Panel_t const& panel) const

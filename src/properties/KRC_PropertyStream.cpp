@@ -1,7 +1,9 @@
 #include "properties/KRC_PropertyStream.h"
 
+#include <QColor>
 #include <QIODevice>
 #include <QStringList>
+#include <QTextLength>
 
 #include <iterator>
 
@@ -140,6 +142,22 @@ bool isSafeLeaf(int type, int version)
     }
 }
 
+// Leaf values whose Qt reader stores a number from the stream straight into an enum:
+// the number is checked here first, since an enum holding a value it does not name is
+// undefined behaviour. Offset and width count from the end of the value's head.
+struct EnumField
+{
+    int type;
+    int offset;
+    int bytes;
+    qint32 max;
+};
+
+constexpr EnumField kEnumFields[] = {
+    { QMetaType::QColor, 0, 1, QColor::ExtendedRgb },
+    { QMetaType::QTextLength, 0, 4, QTextLength::PercentageLength },
+};
+
 // The leading type number and null flag of a stored QVariant, looked at without
 // consuming them, so that Qt's own reader can still take a simple value whole.
 struct VariantHead
@@ -209,6 +227,31 @@ bool readCount(QDataStream& in, int minElementBytes, quint32& count)
         && quint64(count) * quint64(minElementBytes) > quint64(device->bytesAvailable())) {
         in.setStatus(QDataStream::ReadCorruptData);
         return false;
+    }
+    return true;
+}
+
+// Whether the enum number of a leaf value, if it has one, names a value of its enum.
+bool enumFieldIsValid(QDataStream& in, int headSize, int type)
+{
+    for (EnumField const& field : kEnumFields) {
+        // The oldest form stores a colour as one packed number: nothing to check.
+        if (field.type != type || in.version() < QDataStream::Qt_4_0)
+            continue;
+        QByteArray const bytes = in.device()->peek(headSize + field.offset + field.bytes);
+        if (bytes.size() < headSize + field.offset + field.bytes)
+            return true; // too short: Qt's reader reports the end of the data
+        QDataStream fieldStream(bytes.mid(headSize + field.offset));
+        fieldStream.setByteOrder(in.byteOrder());
+        qint32 number = 0;
+        if (field.bytes == 1) {
+            qint8 small = 0;
+            fieldStream >> small;
+            number = small;
+        } else {
+            fieldStream >> number;
+        }
+        return number >= 0 && number <= field.max;
     }
     return true;
 }
@@ -301,7 +344,7 @@ bool readVariantAt(QDataStream& in, QVariant& value, int depth)
     VariantHead head;
     if (!peekHead(in, head))
         return false;
-    if (isSafeLeaf(head.type, in.version())) {
+    if (isSafeLeaf(head.type, in.version()) && enumFieldIsValid(in, head.size, head.type)) {
         in >> value;
     } else if (isContainer(head.type) && depth < kMaxDepth) {
         in.skipRawData(head.size);

@@ -14,6 +14,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -223,6 +224,30 @@ TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntactAndNamesThePath)
     EXPECT_FALSE(HostProjectFile::load(nowhere, &error));
     EXPECT_TRUE(error.startsWith(nowhere)) << qPrintable(error);
     EXPECT_FALSE(HostProjectFile::save(nullptr, path("x.xml"), &error));
+}
+
+// A save given the load's fingerprint replaces the file only while it is as loaded;
+// the saved file keeps its permission bits.
+TEST_F(EngineProjectFile, saveRefusesAFileChangedSinceItsLoadAndKeepsPermissions)
+{
+    QString const target = path("p.xml");
+    ASSERT_TRUE(HostProjectFile::save(engineBoard(QStringLiteral("S[2] S[3]")).project.get(), target));
+    ::chmod(QFile::encodeName(target).constData(), 0640);
+    HostFileFingerprint loaded;
+    QString error;
+    UT_SharedPtr<SC_Project> project = HostProjectFile::load(target, &error, nullptr, &loaded);
+    ASSERT_TRUE(project && HostProjectFile::save(project.get(), target, &error, &loaded))
+        << qPrintable(error);
+    struct stat status = {};
+    EXPECT_TRUE(
+        ::stat(QFile::encodeName(target).constData(), &status) == 0 && (status.st_mode & 0777) == 0640);
+
+    HostFileFingerprint const current = HostFileFingerprint::ofFile(target);
+    QFile other(target);
+    ASSERT_TRUE(other.open(QIODevice::Append) && other.write("<!-- another program -->\n") > 0);
+    other.close();
+    EXPECT_FALSE(HostProjectFile::save(project.get(), target, &error, &current));
+    EXPECT_TRUE(error.endsWith(QStringLiteral("changed on disk since it was loaded; it is left as it is")));
 }
 
 } // namespace

@@ -201,7 +201,7 @@ TEST_F(NodesXmlTest, BadInputIsRefusedWholeWithItsPlace)
         const QString document = QStringLiteral("<nodes>\n%1%2\n</nodes>").arg(good, c.body);
         QString error;
         EXPECT_FALSE(readNetwork(document, *bench.common(), &error)) << c.what;
-        EXPECT_THAT(error.toStdString(), StartsWith("Line ")) << c.what;
+        EXPECT_THAT(error.toStdString(), StartsWith("line ")) << c.what;
         EXPECT_THAT(error.toStdString(), HasSubstr(c.message)) << c.what;
         EXPECT_EQ(QStringList { "before" }, bench.walk()) << c.what;
         EXPECT_EQ(values, bench.scene->timedValues().size()) << c.what;
@@ -216,7 +216,7 @@ TEST_F(NodesXmlTest, TheMessageNamesTheLineAndColumnOfTheFault)
                                            "<node type=\"Nope\" id=\"2\" name=\"b\"/>\n</nodes>"));
     reader.readNextStartElement();
     EXPECT_FALSE(HostNodeXml::read(reader, *common(), &error));
-    EXPECT_THAT(error.toStdString(), StartsWith("Line 3, column 35: unknown node type \"Nope\""));
+    EXPECT_THAT(error.toStdString(), StartsWith("line 3, column 35: unknown node type \"Nope\""));
     EXPECT_TRUE(reader.hasError());
     EXPECT_EQ(error, reader.errorString());
 

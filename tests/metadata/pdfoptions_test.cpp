@@ -109,6 +109,15 @@ TEST(PdfOptions, LegacyBlobsAndRefusedMarkedBlobsAreReadFromByteZeroInVersion6)
     record = readOptions(optionDocument(1, refused), holder);
     ASSERT_TRUE(record);
     EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u);
+
+    // The mark with another mark version: read from byte zero in version 6, and dropped.
+    const QByteArray otherVersion = PropertyBlobs::raw(12, [](QDataStream& out) {
+        out << quint32(0xb0b00000) << qint32(474);
+        KRC_Property("o", 5, nullptr).store(out);
+    });
+    record = readOptions(optionDocument(0, otherVersion), holder);
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u);
 }
 
 TEST(PdfOptions, DamagedOrUnknownOptionsAreDroppedAndTheOthersKept)

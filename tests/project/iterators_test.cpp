@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -219,5 +220,41 @@ TEST(EditedTimeline, AnIteratorKeepsItsOldHandleAndANewWalkSeesTheEdit)
     EXPECT_EQ((std::vector<SC_Id> { board.shot(0), added, board.shot(1) }),
         idsOfWalk(board->beginShot(), board->endShot()));
 }
+
+// A host's timeline with a hole (a block of shot 0's panels or of the top scene taken out)
+// or an overlap (a block moved back a frame): every walk ends, the same both ways.
+std::tuple<bool, unsigned, bool> const kGaps[] = { { false, 0, true }, { false, 1, true }, { false, 2, true },
+    { true, 0, true }, { true, 1, true }, { true, 2, true }, { false, 1, false }, { false, 2, false },
+    { true, 1, false }, { true, 2, false } };
+
+class GappedTimeline : public testing::TestWithParam<std::tuple<bool, unsigned, bool>>
+{
+};
+
+TEST_P(GappedTimeline, EveryWalkEnds)
+{
+    auto const [inShot, index, hole] = GetParam();
+    ProjectBoard board(QStringLiteral("S[3,3,3] S[4] S[2,2]"));
+    std::vector<SC_Id> expected = boardPanelIds(board.board);
+    TUSeqTimedValue* seq
+        = inShot ? HostAuthoring::symbolOf(board.project(), board.shot(0))->sequence() : board.timeline();
+    if (hole) {
+        for (SC_Id const& id :
+            inShot ? std::vector<SC_Id> { board.panel(0, index) } : board.board.panels[index])
+            expected.erase(std::find(expected.begin(), expected.end(), id));
+        seq->takeBlock(index);
+    } else {
+        seq->setBlockRange(index, seq->blockAt(index)->firstFrame - 1, seq->blockAt(index)->lastFrame);
+    }
+    board.notify();
+    std::vector<SC_Id> const forward = idsOfWalk(board->beginPanel(), board->endPanel());
+    EXPECT_EQ(hole ? expected : forward, forward);
+    EXPECT_EQ(std::vector<SC_Id>(forward.rbegin(), forward.rend()),
+        idsOfWalk(board->rbeginPanel(), board->rendPanel()));
+    for (objiterator<Shot_t> shot = board->beginShot(); shot != board->endShot(); ++shot)
+        EXPECT_LT(idsOfWalk(board->beginPanel(*shot), board->endPanel(*shot)).size(), 20u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Timelines, GappedTimeline, testing::ValuesIn(kGaps));
 
 } // namespace

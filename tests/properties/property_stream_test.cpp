@@ -10,6 +10,7 @@
 #include "support/PropertyBlobs.h"
 #include "support/QtWarningCapture.h"
 
+#include <QBuffer>
 #include <QDate>
 #include <QFont>
 #include <QPoint>
@@ -218,6 +219,51 @@ TEST(PropertyStream, HostileLengthsTagsAndNestingFailCleanly)
         KRC_Property property("fresh");
         EXPECT_FALSE(load(property, blobs[i], kCurrent)) << "blob " << i;
         EXPECT_FALSE(property.isValid());
+    }
+}
+
+// Every kind reports a store to a device that takes no bytes as failed, a good one not.
+TEST(PropertyStream, StoreReportsAFailedWrite)
+{
+    for (int kind = 0; kind < 5; ++kind) {
+        QByteArray bytes;
+        QBuffer readOnly(&bytes);
+        readOnly.open(QIODevice::ReadOnly);
+        QDataStream failing(&readOnly);
+        QDataStream good(&bytes, QIODevice::WriteOnly);
+        QtWarningCapture quiet;
+        EXPECT_TRUE(!sample(kind)->store(failing) && sample(kind)->store(good)) << kind;
+    }
+}
+
+// Blobs whole but for the guard under test: 32 levels of lists or maps load, 33 do
+// not; a colour loads only with a spec that Qt names.
+TEST(PropertyStream, NestingAndEnumGuardsDecideAlone)
+{
+    const auto nested = [](quint32 type, int levels) {
+        return hostile(type, [=](QDataStream& out) {
+            for (int level = 1; level < levels; ++level) {
+                out << quint32(1);
+                if (type == QVariant::Map)
+                    out << QString("k");
+                out << type << qint8(0);
+            }
+            out << quint32(0) << QString() << QString() << qint32(0) << qint32(0);
+        });
+    };
+    const auto colour = [](qint8 spec) {
+        return hostile(QVariant::Color, [=](QDataStream& out) {
+            out << spec << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3) << quint16(0)
+                << QString() << QString() << qint32(0) << qint32(0);
+        });
+    };
+    const std::pair<QByteArray, bool> cases[]
+        = { { nested(QVariant::List, 32), true }, { nested(QVariant::List, 33), false },
+              { nested(QVariant::Map, 32), true }, { nested(QVariant::Map, 33), false }, { colour(1), true },
+              { colour(9), false }, { colour(-1), false } };
+    for (auto const& [blob, loads] : cases) {
+        KRC_Property property("fresh");
+        EXPECT_EQ(load(property, blob, kCurrent), loads) << blob.toHex().left(80).constData();
     }
 }
 

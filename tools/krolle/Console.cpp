@@ -19,6 +19,11 @@ void Console::out(const QString& text)
     write(stdout, text);
 }
 
+bool Console::flushOut()
+{
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
 void Console::err(const QString& text)
 {
     std::fflush(stdout);

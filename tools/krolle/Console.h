@@ -13,6 +13,8 @@ class Console
 {
 public:
     static void out(const QString& text);
+    // Flushes standard output; false when anything written to it was lost.
+    static bool flushOut();
     static void err(const QString& text);
     // One JSON document, indented, ending with a line end.
     static void outJson(const QJsonObject& document);

@@ -85,7 +85,8 @@ ExitStatus FieldsCommand::run(const ArgumentValues& arguments)
     if (arguments.positional(QStringLiteral("NEW")).isNull() == arguments.isSet(kRename))
         throw ToolError::usage(QStringLiteral("give a new name after --rename OLD, and only there"));
     ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")));
+    document.open(arguments.positional(QStringLiteral("FILE")),
+        editing ? ProjectDocument::Access::Edit : ProjectDocument::Access::Read);
     KRC_KrolleProject& view = document.view();
     QString report;
     if (editing) {

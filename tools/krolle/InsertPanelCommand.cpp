@@ -41,7 +41,7 @@ ExitStatus InsertPanelCommand::run(const ArgumentValues& arguments)
 {
     const Placement where = placement(arguments);
     ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")));
+    document.open(arguments.positional(QStringLiteral("FILE")), ProjectDocument::Access::Edit);
     KRC_KrolleProject& view = document.view();
 
     const Krolle::Shot_t shot

@@ -35,7 +35,7 @@ ExitStatus InsertShotCommand::run(const ArgumentValues& arguments)
     const Placement where = placement(arguments);
     const unsigned panels = arguments.number(QStringLiteral("--panels"), 1, 1, kMostPanels);
     ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")));
+    document.open(arguments.positional(QStringLiteral("FILE")), ProjectDocument::Access::Edit);
     KRC_KrolleProject& view = document.view();
 
     const Krolle::Shot_t neighbour = NamedObjects::shot(view, where.neighbour, where.sequence);

@@ -106,7 +106,10 @@ int KrolleTool::run(const QStringList& arguments)
     const QString command
         = find(arguments.first()) ? QStringLiteral("krolle ") + arguments.first() : QStringLiteral("krolle");
     try {
-        return static_cast<int>(dispatch(arguments));
+        const ExitStatus status = dispatch(arguments);
+        if (!Console::flushOut())
+            throw ToolError::file(QStringLiteral("cannot write to standard output"));
+        return static_cast<int>(status);
     } catch (const ToolError& error) {
         QString line = QStringLiteral("%1: %2").arg(command, error.message());
         if (error.status() == ExitStatus::BadUsage)

@@ -8,13 +8,26 @@
 #include "project/KRC_SceneChangeManager.h"
 #include "project/KRC_SessionContext.h"
 
+#include "Console.h"
+
+#include <QDateTime>
 #include <QFileInfo>
+#include <QLockFile>
 
 namespace {
 
 // Files and projects below these sizes load and save too fast for a progress bar.
 const qint64 kLargeFileBytes = 4 * 1024 * 1024;
 const unsigned kLargeSceneCount = 4000;
+
+const QFileDevice::Permissions kAnyWrite
+    = QFileDevice::WriteOwner | QFileDevice::WriteGroup | QFileDevice::WriteOther;
+
+QString lockAge(const QString& lockPath)
+{
+    const qint64 seconds = QFileInfo(lockPath).lastModified().secsTo(QDateTime::currentDateTime());
+    return QStringLiteral("%1 s").arg(qMax<qint64>(seconds, 0));
+}
 
 } // namespace
 
@@ -40,13 +53,52 @@ SC_CameraManager* ProjectDocument::cameraManager() const
     return m_session->cameraManager();
 }
 
-void ProjectDocument::open(const QString& path)
+void ProjectDocument::lock(const QString& path)
 {
+    const QString lockPath = path + QStringLiteral(".lock");
+    m_lock.reset(new QLockFile(lockPath));
+    // Only a dead holder makes a lock stale: a long save must not look abandoned.
+    m_lock->setStaleLockTime(0);
+    qint64 pid = 0;
+    QString host;
+    QString application;
+    const bool existed = m_lock->getLockInfo(&pid, &host, &application);
+    const QString age = lockAge(lockPath);
+    if (m_lock->tryLock(0)) {
+        if (existed)
+            Console::err(
+                QStringLiteral("note: took over the stale lock %1 of process %2, which is gone (%3 old)\n")
+                    .arg(lockPath)
+                    .arg(pid)
+                    .arg(age));
+        return;
+    }
+    if (m_lock->error() == QLockFile::LockFailedError && m_lock->getLockInfo(&pid, &host, &application))
+        throw ToolError::file(
+            QStringLiteral("%1 is being edited by process %2 on %3 (lock %4, taken %5 ago); "
+                           "nothing was changed")
+                .arg(path)
+                .arg(pid)
+                .arg(host, lockPath, lockAge(lockPath)));
+    throw ToolError::file(
+        QStringLiteral("cannot take the lock %1 beside %2; nothing was changed").arg(lockPath, path));
+}
+
+void ProjectDocument::open(const QString& path, Access access)
+{
+    if (access == Access::Edit) {
+        lock(path);
+        // Said before any work is done; the save checks again, for a change meanwhile.
+        const QFileInfo file(path);
+        if (file.isFile() && (file.permissions() & kAnyWrite) == 0)
+            throw ToolError::file(
+                QStringLiteral("cannot edit %1: it is read-only; it is left as it is").arg(path));
+    }
     std::unique_ptr<ProgressBar> progress;
     if (QFileInfo(path).size() >= kLargeFileBytes)
         progress.reset(new ProgressBar(QStringLiteral("loading %1").arg(path), 0));
     QString error;
-    UT_SharedPtr<SC_Project> project = HostProjectFile::load(path, &error, changeManager());
+    UT_SharedPtr<SC_Project> project = HostProjectFile::load(path, &error, changeManager(), &m_loaded);
     if (!project)
         throw ToolError::file(QStringLiteral("cannot load %1").arg(error));
     m_path = path;
@@ -76,6 +128,7 @@ void ProjectDocument::save(const QString& path) const
     if (m_project->sceneCount() >= kLargeSceneCount)
         progress.reset(new ProgressBar(QStringLiteral("saving %1").arg(path), 0));
     QString error;
-    if (!HostProjectFile::save(m_project.get(), path, &error))
+    const HostFileFingerprint* loaded = path == m_path && !m_loaded.isNull() ? &m_loaded : nullptr;
+    if (!HostProjectFile::save(m_project.get(), path, &error, loaded))
         throw ToolError::file(QStringLiteral("cannot save %1").arg(error));
 }

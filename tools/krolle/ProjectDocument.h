@@ -2,9 +2,12 @@
 #pragma once
 
 #include "host/base/UT_SharedPtr.h"
+#include "host/engine/HostFileFingerprint.h"
 
 #include <QString>
 #include <memory>
+
+class QLockFile;
 
 class KRC_KrolleProject;
 class KRC_SessionContext;
@@ -18,6 +21,10 @@ class TUSceneChangeManager;
 // commands ask. Edits go through the engine and are followed by notify(), so
 // the view drops what it cached. Saving goes through the engine's atomic save:
 // a failed save leaves the previous file as it was.
+// A document opened for editing holds the lock file beside its file ("FILE.lock")
+// from the load to its end, so that two edits of one file never interleave; a lock
+// held by a live process is refused, one left by a dead process is taken over with a
+// note. Its save refuses a file that changed on disk since the load.
 // Failures are ToolError::file (exit status 2) naming the file and the place.
 // Owns the session, which owns the view; holds one reference on the project.
 // Single-threaded.
@@ -34,8 +41,14 @@ public:
     // The session's camera manager, the one the engine asks about cameras.
     SC_CameraManager* cameraManager() const;
 
-    // Loads a project file; throws ToolError::file when it is missing or refused.
-    void open(const QString& path);
+    enum class Access
+    {
+        Read,
+        Edit, // the lock is taken before the load and held until the document goes
+    };
+
+    // Loads a project file; throws ToolError::file when it is missing, refused or locked.
+    void open(const QString& path, Access access = Access::Read);
     // Opens a view over a project made in memory with changeManager().
     void adopt(const UT_SharedPtr<SC_Project>& project);
 
@@ -51,10 +64,12 @@ public:
     void save() const { save(m_path); }
 
 private:
-    void openView();
+    void lock(const QString& path);
 
     KRC_SessionContext* m_session;
     UT_SharedPtr<SC_Project> m_project;
     KRC_KrolleProject* m_view = nullptr;
     QString m_path;
+    HostFileFingerprint m_loaded;
+    std::unique_ptr<QLockFile> m_lock;
 };

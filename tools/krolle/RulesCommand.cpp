@@ -44,13 +44,14 @@ RulesCommand::RulesCommand()
 
 ExitStatus RulesCommand::run(const ArgumentValues& arguments)
 {
+    const QStringList settings = arguments.values(QStringLiteral("--set"));
     ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")));
+    document.open(arguments.positional(QStringLiteral("FILE")),
+        settings.isEmpty() ? ProjectDocument::Access::Read : ProjectDocument::Access::Edit);
     KRC_NamingRules* rules = document.view().namingRules();
     if (!rules)
         throw ToolError::failure(QStringLiteral("%1 has no place for naming rules").arg(document.path()));
     NamingRulesEditor editor(*rules);
-    const QStringList settings = arguments.values(QStringLiteral("--set"));
     if (!settings.isEmpty()) {
         editor.apply(settings);
         document.save();

@@ -48,7 +48,7 @@ ExitStatus SetCommand::run(const ArgumentValues& arguments)
 {
     const bool panel = arguments.exactlyOne({ kPanel, kProject }) == kPanel;
     ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")));
+    document.open(arguments.positional(QStringLiteral("FILE")), ProjectDocument::Access::Edit);
     KRC_KrolleProject& view = document.view();
     const QString name = arguments.value(kField);
     const KRC_InfoFieldDesc& desc

@@ -451,7 +451,7 @@ bool read(QXmlStreamReader& reader, SC_SceneCommon& scene, QString* error)
         NetworkReader(reader, scene).read();
         return true;
     } catch (ReadError const& fault) {
-        const QString message = QStringLiteral("Line %1, column %2: %3")
+        const QString message = QStringLiteral("line %1, column %2: %3")
                                     .arg(fault.place.line)
                                     .arg(fault.place.column)
                                     .arg(fault.message);

@@ -2,6 +2,7 @@
 
 #include "host/context/TUDbSceneData.h"
 #include "host/engine/AT_FrameBlock.h"
+#include "host/engine/HostFileFingerprint.h"
 #include "host/engine/HostNodeXml.h"
 #include "host/engine/SC_Project.h"
 #include "host/engine/SC_ProjectCommon.h"
@@ -11,6 +12,7 @@
 #include "host/persistence/PIO_Metadatas.h"
 #include "host/persistence/PIO_MetadatasXml.h"
 #include "host/persistence/PIO_WritingContext.h"
+#include "host/persistence/PO_XmlLimits.h"
 #include "host/persistence/PO_XmlWriter.h"
 
 #include <QBuffer>
@@ -20,11 +22,14 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <cerrno>
 #include <cmath>
-#include <functional>
+#include <cstring>
 #include <limits>
 #include <map>
 #include <set>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -64,6 +69,10 @@ QString const kKindOther = QStringLiteral("other");
 QString const kKindEmpty = QStringLiteral("empty");
 
 QString const kFormatVersion = QStringLiteral("1");
+
+// Scenes show scenes: the top scene its shots' symbols, a symbol its panels. Chains
+// deeper than this are refused, so that nothing that follows them can run out of stack.
+int const kMaxSceneDepth = 16;
 
 // --- Writing -------------------------------------------------------------------
 
@@ -185,6 +194,12 @@ void writeProject(QXmlStreamWriter& xml, SC_Project const& project)
 
 // --- Reading -------------------------------------------------------------------
 
+QString framesText(quint64 first, quint64 last)
+{
+    return first == last ? QStringLiteral("frame %1").arg(first)
+                         : QStringLiteral("frames %1 to %2").arg(first).arg(last);
+}
+
 // Where something was read, for messages about it once the whole file is in.
 struct Place
 {
@@ -240,7 +255,9 @@ private:
 
     bool checkProject();
     bool checkReferences(TUScene const& scene, std::set<SC_Id>& shown);
-    bool checkCycles();
+    bool checkDepths();
+    bool checkCoverage();
+    bool checkCovered(TUScene const& scene, quint64 lastShown, bool panelsOnly);
 
     QXmlStreamReader m_xml;
     SC_Project* m_project;
@@ -555,13 +572,13 @@ bool ProjectReader::checkProject()
         if (!checkReferences(*static_cast<TUScene const*>(m_project->sceneAt(i)), shown))
             return false;
     }
-    if (!checkCycles())
+    if (!checkDepths())
         return false;
     if (m_nextId < common->nextIdValue())
         return failAt(Place { 1, 1 },
             QStringLiteral("\"nextId\" %1 is not above every id of the project").arg(m_nextId));
     common->reserveId(SC_Id(m_nextId - 1));
-    return true;
+    return checkCoverage();
 }
 
 // Each block refers to a scene of the project, which it alone shows.
@@ -592,36 +609,121 @@ bool ProjectReader::checkReferences(TUScene const& scene, std::set<SC_Id>& shown
     return true;
 }
 
-// A scene may not show itself through other scenes.
-bool ProjectReader::checkCycles()
+// A scene may not show itself through other scenes, and chains of scenes showing
+// scenes stay short. Each scene is shown by one block at most, so following the
+// showing block upward from every scene, without recursion, finds both.
+bool ProjectReader::checkDepths()
 {
     SC_SceneManager const* scenes = m_project->projectCommon()->sceneManager();
-    std::map<SC_SceneBase const*, int> state; // 1: on the walk, 2: done
-    std::function<bool(TUScene const*)> visit = [&](TUScene const* scene) {
-        state[scene] = 1;
-        TUSeqTimedValue const* seq = scene->sequence();
-        for (unsigned i = 0; i < seq->getBlockCount(); ++i) {
-            auto const* sceneSeq = AT_AbstractSceneSeq::toAbstractScene(seq->blockAt(i)->seq());
-            auto const* shown
-                = sceneSeq ? static_cast<TUScene const*>(scenes->find(sceneSeq->sceneId)) : nullptr;
-            if (!shown || state[shown] == 2)
-                continue;
-            if (state[shown] == 1)
-                return failAt(m_blockPlaces[seq->blockAt(i)],
-                    QStringLiteral("scene %1 shows itself through scene %2")
-                        .arg(shown->id.value())
-                        .arg(scene->id.value()));
-            if (!visit(shown))
-                return false;
-        }
-        state[scene] = 2;
-        return true;
-    };
+    std::map<SC_SceneBase const*, AT_FrameBlock const*> shownBy;
+    std::map<AT_FrameBlock const*, TUScene const*> blockOwner;
     for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
         auto const* scene = static_cast<TUScene const*>(m_project->sceneAt(i));
-        if (state[scene] == 0 && !visit(scene))
+        TUSeqTimedValue const* seq = scene->sequence();
+        for (unsigned b = 0; b < seq->getBlockCount(); ++b) {
+            auto const* sceneSeq = AT_AbstractSceneSeq::toAbstractScene(seq->blockAt(b)->seq());
+            if (SC_SceneBase const* shown = sceneSeq ? scenes->find(sceneSeq->sceneId) : nullptr) {
+                shownBy[shown] = seq->blockAt(b);
+                blockOwner[seq->blockAt(b)] = scene;
+            }
+        }
+    }
+    std::map<SC_SceneBase const*, int> depth;
+    for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
+        std::vector<SC_SceneBase const*> chain;
+        std::set<SC_SceneBase const*> onChain;
+        SC_SceneBase const* at = m_project->sceneAt(i);
+        int known = 0;
+        while (at) {
+            auto const found = depth.find(at);
+            if (found != depth.end()) {
+                known = found->second;
+                break;
+            }
+            auto const up = shownBy.find(at);
+            if (!onChain.insert(at).second)
+                return failAt(m_blockPlaces[up->second],
+                    QStringLiteral("scene %1 shows itself through scene %2")
+                        .arg(at->id.value())
+                        .arg(blockOwner[up->second]->id.value()));
+            chain.push_back(at);
+            at = up == shownBy.end() ? nullptr : blockOwner[up->second];
+        }
+        for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
+            depth[*link] = ++known;
+            if (known > kMaxSceneDepth)
+                return failAt(m_blockPlaces[shownBy[*link]],
+                    QStringLiteral("scene %1 is shown through more than %2 scenes")
+                        .arg((*link)->id.value())
+                        .arg(kMaxSceneDepth));
+        }
+    }
+    return true;
+}
+
+// The library finds shots and panels by the frames they cover. The top scene's blocks
+// leave no frame from 1 to its end uncovered, and every frame a shot shows of its
+// symbol lies in a panel, so that every walk over shots and panels steps from one to
+// the next. Overlaps are the layout rules' business (checked before).
+bool ProjectReader::checkCoverage()
+{
+    auto const* top = static_cast<TUScene const*>(m_project->sceneAt(0));
+    if (!checkCovered(*top, 0, false))
+        return false;
+    SC_SceneManager const* scenes = m_project->projectCommon()->sceneManager();
+    TUSeqTimedValue const* seq = top->sequence();
+    for (unsigned i = 0; i < seq->getBlockCount(); ++i) {
+        AT_FrameBlock const* block = seq->blockAt(i);
+        auto const* sceneSeq = AT_AbstractSceneSeq::toAbstractScene(block->seq());
+        if (!sceneSeq)
+            continue;
+        auto const* symbol = static_cast<TUScene const*>(scenes->find(sceneSeq->sceneId));
+        // The symbol frames a shot shows: its warp's range, or as many as it is long.
+        double firstShown = 1.0;
+        double lastShown = double(block->length());
+        if (auto const* warp = AT_TimeWarpSeq::toTimeWarp(block->seq())) {
+            firstShown = std::trunc(warp->start);
+            lastShown = std::trunc(warp->end);
+        }
+        if (firstShown < 1.0)
+            return failAt(m_blockPlaces[block],
+                QStringLiteral("the shot shows frame %1 of scene %2, before its first frame")
+                    .arg(firstShown)
+                    .arg(symbol->id.value()));
+        // Frames are 32-bit: a warp reaching further shows frames no block can hold.
+        lastShown = std::min(lastShown, double(std::numeric_limits<quint32>::max()) + 1.0);
+        if (!checkCovered(*symbol, quint64(lastShown), true))
             return false;
     }
+    return true;
+}
+
+// No frame of the scene from 1 to its last block's end (or to `lastShown`, when
+// greater) lies outside its blocks; with `panelsOnly`, each block shows a scene.
+bool ProjectReader::checkCovered(TUScene const& scene, quint64 lastShown, bool panelsOnly)
+{
+    TUSeqTimedValue const* seq = scene.sequence();
+    quint64 covered = 0; // every frame up to this one lies in a block
+    for (unsigned i = 0; i < seq->getBlockCount(); ++i) {
+        AT_FrameBlock const* block = seq->blockAt(i);
+        bool const transition = AT_TransitionSeq::isTransition(block->seq());
+        if (panelsOnly && (transition || !AT_AbstractSceneSeq::toAbstractScene(block->seq())))
+            return failAt(m_blockPlaces[block],
+                QStringLiteral("block %1 of scene %2 shows no panel").arg(i + 1).arg(scene.id.value()));
+        if (transition)
+            continue;
+        if (block->firstFrame > covered + 1)
+            return failAt(m_blockPlaces[block],
+                QStringLiteral("scene %1 leaves %2 outside its blocks, where no walk can pass")
+                    .arg(scene.id.value())
+                    .arg(framesText(covered + 1, block->firstFrame - 1)));
+        covered = std::max<quint64>(covered, block->lastFrame);
+    }
+    if (lastShown > covered)
+        return failAt(m_scenePlaces[&scene],
+            QStringLiteral("scene %1 leaves %2, which its shot shows, outside its blocks")
+                .arg(scene.id.value())
+                .arg(framesText(covered + 1, lastShown)));
     return true;
 }
 
@@ -647,6 +749,8 @@ QByteArray toXml(SC_Project const* project)
 
 UT_SharedPtr<SC_Project> fromXml(QByteArray const& document, QString* error, TUSceneChangeManager* manager)
 {
+    if (!PO_XmlLimits::check(document, error))
+        return nullptr;
     // Built on a manager of its own, so that the reading reaches no listener.
     UT_SharedPtr<SC_Project> project(new SC_Project);
     ProjectReader reader(document, project.get());
@@ -656,7 +760,53 @@ UT_SharedPtr<SC_Project> fromXml(QByteArray const& document, QString* error, TUS
     return project;
 }
 
-bool save(SC_Project const* project, QString const& path, QString* error)
+namespace {
+
+// Why the file at `path` may not be replaced, or a null string. A file that its owner
+// made read-only is refused even where the process could replace it (as root may).
+QString whyNotWritable(QString const& path, mode_t& mode)
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return errno == ENOENT ? QString() : QString::fromLocal8Bit(std::strerror(errno));
+    mode = status.st_mode & 07777;
+    if (!S_ISREG(status.st_mode))
+        return QStringLiteral("is not a regular file");
+    if ((status.st_mode & 0222) == 0 || ::access(QFile::encodeName(path).constData(), W_OK) != 0)
+        return QStringLiteral("is read-only; it is left as it is");
+    return QString();
+}
+
+// The reason of a failed write: the system's, when it gave one (Qt says "Unknown
+// error" for a full disk or a file size limit), else Qt's.
+QString writeFailure(QFileDevice const& file)
+{
+    return errno != 0 ? QString::fromLocal8Bit(std::strerror(errno)) : file.errorString();
+}
+
+bool writeAtomically(QString const& path, QByteArray const& document, QString& reason)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        reason = file.errorString();
+        return false;
+    }
+    errno = 0;
+    if (file.write(document) != document.size() || !file.flush()) {
+        reason = writeFailure(file);
+        file.cancelWriting();
+        return false;
+    }
+    if (!file.commit()) {
+        reason = writeFailure(file);
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool save(SC_Project const* project, QString const& path, QString* error, HostFileFingerprint const* loaded)
 {
     auto failed = [&](QString const& message) {
         if (error)
@@ -665,32 +815,34 @@ bool save(SC_Project const* project, QString const& path, QString* error)
     };
     if (!project)
         return failed(QStringLiteral("no project to save"));
-    QByteArray const document = toXml(project);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return failed(file.errorString());
-    if (file.write(document) != document.size()) {
-        QString const reason = file.errorString();
-        file.cancelWriting();
+    mode_t mode = 0;
+    QString reason = whyNotWritable(path, mode);
+    if (!reason.isNull())
         return failed(reason);
-    }
-    if (!file.commit())
-        return failed(file.errorString());
+    if (loaded && loaded->changedOnDisk(path))
+        return failed(QStringLiteral("changed on disk since it was loaded; it is left as it is"));
+    QByteArray const document = toXml(project);
+    if (!writeAtomically(path, document, reason))
+        return failed(mode != 0 ? reason + QStringLiteral("; the file is left as it was") : reason);
+    // The new file keeps the permission bits of the one it replaced.
+    if (mode != 0 && ::chmod(QFile::encodeName(path).constData(), mode) != 0)
+        return failed(QString::fromLocal8Bit(std::strerror(errno)));
     return true;
 }
 
-UT_SharedPtr<SC_Project> load(QString const& path, QString* error, TUSceneChangeManager* manager)
+UT_SharedPtr<SC_Project> load(
+    QString const& path, QString* error, TUSceneChangeManager* manager, HostFileFingerprint* loaded)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    QString message;
+    QByteArray const bytes = PO_XmlLimits::readFile(path, &message);
+    UT_SharedPtr<SC_Project> project = message.isNull() ? fromXml(bytes, &message, manager) : nullptr;
+    if (!project) {
         if (error)
-            *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+            *error = QStringLiteral("%1: %2").arg(path, message);
         return nullptr;
     }
-    QString message;
-    UT_SharedPtr<SC_Project> project = fromXml(file.readAll(), &message, manager);
-    if (!project && error)
-        *error = QStringLiteral("%1: %2").arg(path, message);
+    if (loaded)
+        *loaded = HostFileFingerprint::of(path, bytes);
     return project;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/base/UT_SharedPtr.h"
+#include "host/engine/HostFileFingerprint.h"
 
 #include <QByteArray>
 #include <QString>
@@ -27,10 +28,16 @@ QByteArray toXml(SC_Project const* project);
 UT_SharedPtr<SC_Project> fromXml(
     QByteArray const& document, QString* error = nullptr, TUSceneChangeManager* manager = nullptr);
 
-/// Saves atomically; false with a message in `error` on failure, the file untouched.
-bool save(SC_Project const* project, QString const& path, QString* error = nullptr);
-/// Loads a file, as fromXml.
-UT_SharedPtr<SC_Project> load(
-    QString const& path, QString* error = nullptr, TUSceneChangeManager* manager = nullptr);
+/// Saves atomically; false with a message in `error` on failure, the file untouched
+/// and no temporary file left. The new file keeps the permission bits of the old one.
+/// Refused: a file without write permission, and, given the fingerprint `loaded`
+/// took, a file that changed on disk since.
+bool save(SC_Project const* project, QString const& path, QString* error = nullptr,
+    HostFileFingerprint const* loaded = nullptr);
+/// Loads a file, as fromXml, within the limits of PO_XmlLimits (a pipe or a directory
+/// is refused before it is opened); `loaded`, when given, receives the file's
+/// fingerprint, for HostFileFingerprint::changedOnDisk before a later save.
+UT_SharedPtr<SC_Project> load(QString const& path, QString* error = nullptr,
+    TUSceneChangeManager* manager = nullptr, HostFileFingerprint* loaded = nullptr);
 
 } // namespace HostProjectFile

@@ -7,6 +7,7 @@
 #include "host/persistence/PIO_ReadingContext.h"
 #include "host/persistence/PIO_WritingContext.h"
 #include "host/persistence/PIO_XML_ComponentReader.h"
+#include "host/persistence/PO_XmlLimits.h"
 #include "host/persistence/PO_XmlWriter.h"
 
 #include <QXmlAttributes>
@@ -269,6 +270,8 @@ QByteArray PIO_MetadatasXml::toDocument(PIO_Metadatas const& metas, bool forDrag
 
 bool PIO_MetadatasXml::fromDocument(QByteArray const& document, PIO_Metadatas& target, QString* errorMessage)
 {
+    if (!PO_XmlLimits::check(document, errorMessage))
+        return false;
     QXmlStreamReader stream(document);
     RecordList records;
     bool const ok = guarded(stream, errorMessage, [&] {

@@ -47,7 +47,8 @@ public:
 
     /// A whole document holding one collection. `forDrag` sets the writing flag "for_drag".
     static QByteArray toDocument(PIO_Metadatas const& metas, bool forDrag = false);
-    /// Reads a whole document written by toDocument; all or nothing, as `read`.
+    /// Reads a whole document written by toDocument; all or nothing, as `read`, and held
+    /// to the limits of PO_XmlLimits first.
     static bool fromDocument(
         QByteArray const& document, PIO_Metadatas& target, QString* errorMessage = nullptr);
 
