@@ -1,5 +1,6 @@
 #include "project/KRC_SessionContext.h"
 
+#include "layers/KRC_PanelLayerManager.h"
 #include "project/KRC_KrolleProject.h"
 #include "project/KRC_SceneChangeManager.h"
 
@@ -49,7 +50,7 @@ KRC_KrolleProject* KRC_SessionContext::createKrolleProject(SC_Project* project)
     if (!project)
         return nullptr;
     d->krolleProject = new KRC_KrolleProject(project);
-    // The session's selection goes to the new view's layer manager here.
+    d->krolleProject->layerManager()->setSelection(selection());
     return d->krolleProject;
 }
 

@@ -3,8 +3,10 @@
 #include "AtCommand.h"
 #include "CheckCommand.h"
 #include "Command.h"
+#include "DefaultsCommand.h"
 #include "Console.h"
 #include "DemoCommand.h"
+#include "DrawingsCommand.h"
 #include "ExportCommand.h"
 #include "FieldsCommand.h"
 #include "ImportCommand.h"
@@ -44,6 +46,9 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new SetCommand);
     // Panel layers.
     m_commands.emplace_back(new LayersCommand);
+    // Layer selection and drawings.
+    m_commands.emplace_back(new DrawingsCommand);
+    m_commands.emplace_back(new DefaultsCommand);
 }
 
 KrolleTool::~KrolleTool() = default;
