@@ -24,7 +24,7 @@ struct Step
     bool result;
     char const* remembered; // getSelectedLayers of panel 0, in layer order
     char const* engine; // the engine's selection in panel 0, sorted
-    int signals; // layerInfoChanged before the engine's notify
+    int infoSignals; // layerInfoChanged before the engine's notify
     int engineSignals; // selectionChanged once the engine notifies
 };
 
@@ -77,7 +77,7 @@ protected:
             info.clear();
             engineSpy.clear();
             EXPECT_EQ(step.act(), step.result) << step.what;
-            EXPECT_EQ(info.count(), step.signals) << step.what;
+            EXPECT_EQ(info.count(), step.infoSignals) << step.what;
             board.notify();
             EXPECT_EQ(engineSpy.count(), step.engineSignals) << step.what;
             EXPECT_EQ(remembered(first), QString::fromLatin1(step.remembered)) << step.what;
