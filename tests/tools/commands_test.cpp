@@ -83,6 +83,10 @@ TEST_F(ToolCommands, GoldenOutputs)
         { { "layers", "demo.xml", "--panel", "SH080/3" }, "layers_demo.txt" },
         { { "layers", "demo.xml", "--panel", "SH010/1", "--json" }, "layers_demo.json" },
         { { "outline", "small.xml", "--layers" }, "outline_small_layers.txt" },
+        // Layer selection and drawings.
+        { { "drawings", "demo.xml", "--panel", "SH080/3" }, "drawings_demo.txt" },
+        { { "drawings", "demo.xml", "--panel", "SH010/1", "--json" }, "drawings_demo.json" },
+        { { "defaults" }, "defaults_builtin.txt" },
     };
     for (const auto& [arguments, golden] : cases)
         expectGolden(arguments, QString::fromLatin1(golden));
