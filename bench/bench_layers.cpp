@@ -8,6 +8,7 @@
 // search at its worst.
 #include "bench_boards.h"
 #include "layers/KRC_PanelLayerManager.h"
+#include "tracking/KRC_ConcreteVisitor.h"
 
 #include <benchmark/benchmark.h>
 
@@ -159,6 +160,38 @@ void BM_DrawingModifiedSearchFlushed(benchmark::State& state)
     searchUnknownDrawing(state, true);
 }
 
+// Layer selection and drawings. Collecting every panel's drawings must grow with the
+// panels; selecting a layer by name on the next panel must cost that panel's layers
+// alone, whatever the size of the project.
+void collect(Manager const&, Krolle::Panel_t const& panel)
+{
+    std::list<KRC_ConcreteVisitor::ElementKey> found;
+    KRC_ConcreteVisitor::getDrawings(panel, found, false);
+    benchmark::DoNotOptimize(found.size());
+}
+
+void BM_CollectDrawingsOfEveryPanel(benchmark::State& state)
+{
+    passOverEveryPanel(state, false, collect);
+}
+
+void BM_SelectLayerOnNextPanel(benchmark::State& state)
+{
+    KRC_KrolleProject& view = *LayerBoard::ofPanels(unsigned(state.range(0))).view;
+    SL_Selection selection;
+    view.layerManager()->setSelection(&selection);
+    auto panel = view.beginPanel();
+    for (auto _ : state) {
+        if (++panel == view.endPanel())
+            panel = view.beginPanel();
+        view.layerManager()->selectLayer(panel->symbol(), QStringLiteral("Layer2"),
+            Manager::eSelectReplace, false);
+    }
+    view.layerManager()->setSelection(nullptr);
+}
+
+BENCHMARK(BM_CollectDrawingsOfEveryPanel)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SelectLayerOnNextPanel)->Arg(2000)->Arg(20000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_WalkPanels)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_WalkPanelsFlushed)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_CountLayersOfEveryPanel)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);

@@ -14,6 +14,7 @@
 #include <vector>
 
 class KRC_KrolleProject;
+class SL_Selection;
 class KRC_PanelLayerManagerPrivate;
 
 /// The one object of a project view that says which layers a panel has: the top-level
@@ -59,6 +60,34 @@ public:
     /// by its flag, not by this name.
     static QString const pitchModeLayerName;
 
+    /// One layer of the default template given to new panels: a plain value. The text
+    /// form is one line of seven ";"-separated fields (name, locked*2+enabled, layer
+    /// flags, export flags, current*2+selected, opacity, alignment); any text reads
+    /// without failure, missing fields taking their defaults and non-numbers reading 0.
+    struct LayerInfo
+    {
+        LayerInfo() = default;
+        LayerInfo(QString const& name, bool locked, bool enabled, bool current, bool selected, int layerFlags,
+            int exportFlags, double opacity, CameraAlignment cameraAlignment);
+        explicit LayerInfo(QString const& text);
+
+        QString asString() const;
+        void fromString(QString const& text);
+
+        QString name;
+        bool locked = false;
+        bool enabled = false;
+        bool current = false;
+        bool selected = false;
+        int layerFlags = 0;
+        int exportFlags = 0;
+        double opacity = 0.0;
+        CameraAlignment cameraAlignment = static_cast<CameraAlignment>(0);
+    };
+    using LayerInfoList = std::list<LayerInfo>;
+
+    /// Reads its preferences and the default layers ("DEFAULT_LAYERS"); the destructor
+    /// writes the default layers back.
     explicit KRC_PanelLayerManager(KRC_KrolleProject* project);
     ~KRC_PanelLayerManager() override;
     KRC_PanelLayerManager(KRC_PanelLayerManager const&) = delete;
@@ -127,6 +156,83 @@ public:
     /// Sets the flag; emits nothing.
     void setLayerDrawingFlag(MO_Node const* node, eDrawingFlag flag);
 
+    /// How selectLayer changes the selection.
+    enum eLayerSelectionMode
+    {
+        eSelectClear = 0, ///< clear, then select the node if one is given
+        eSelectReplace = 1, ///< clear, then select the node
+        eSelectRange = 2, ///< add the layers from the current one to the node
+        eSelectAdd = 3, ///< add the node unless its name is remembered
+        eSelectRemove = 4, ///< remove the node if its name is remembered
+        eSelectToggle = 5, ///< remove the node if its name is remembered, else add it
+        eSelectEngineOnly = 6 ///< add the node to the engine's selection alone
+    };
+
+    // Selection. The engine's SL_Selection holds the nodes selected now; the manager
+    // remembers layer names per panel (or one shared list under global navigation or a
+    // brush preset) and applies them again with selectPreferedLayers.
+    /// The session's selection; the host sets it before any selection operation.
+    void setSelection(SL_Selection* selection);
+    bool brushPresetSelection() const;
+    bool globalLayerNavigation() const;
+    /// A non-empty name makes the preset active with that one layer; empty turns it off.
+    void setBrushPresetLayer(QString const& name);
+    void clearBrushPresetLayer();
+
+    bool isSelected(TUScene const* scene, MO_Node const* node) const;
+    bool isSelected(TUScene const* scene, QString const& name) const;
+    MO_Node* getCurrentLayer(TUScene const* scene) const;
+    /// Appends the layers whose names are remembered; answers the current layer.
+    MO_Node* getSelectedLayers(TUScene const* scene, std::list<MO_Node*>& out, LayerType_t type,
+        bool onlySelected) const;
+    MO_Node* getSelectedLayers(TUScene const* scene, std::set<MO_Node*>& out, LayerType_t type,
+        bool onlySelected) const;
+    QString getSelectedLayers(TUScene const* scene, QStringList& out, LayerType_t type, bool onlySelected) const;
+    MO_Node* getSelectedLayers(SC_Id const& panelId, std::list<MO_Node*>& out, LayerType_t type,
+        bool onlySelected) const;
+    QString getSelectedLayers(SC_Id const& panelId, QStringList& out, LayerType_t type, bool onlySelected) const;
+    /// Each valid panel in order; names are appended once.
+    void getSelectedLayers(std::vector<SC_Id> const& panelIds, QStringList& out, LayerType_t type,
+        bool onlySelected) const;
+    /// The nodes of the selection that are layers of `type` of this panel.
+    static void layerSetFromSelection(Krolle::Panel_t const& panel, SL_Selection* selection,
+        std::set<MO_Node*>& out, LayerType_t type);
+    /// The one layer that the panel's record flags 16; null when none or several are.
+    MO_Node* getPitchModeLayer(TUScene const* scene) const;
+    MO_Node* getPitchModeLayer(SC_Id const& panelId) const;
+
+    void addSelectedLayer(TUScene const* scene, QString const& name, bool notify);
+    void addSelectedLayer(SC_Id const& panelId, QString const& name, bool notify);
+    /// Remembers those of the names that are layers of the panel; SL_Selection stays.
+    void setSelectedLayers(TUScene const* scene, QStringList const& names, bool notify);
+    void setSelectedLayers(SC_Id const& panelId, QStringList const& names, bool notify);
+    void setSelectedLayers(std::vector<SC_Id> const& panelIds, QStringList const& names, bool notify);
+    bool selectLayer(TUScene const* scene, MO_Node const* node, eLayerSelectionMode mode, bool notify);
+    bool selectLayer(TUScene const* scene, QString const& name, eLayerSelectionMode mode, bool notify);
+    bool selectLayers(TUScene const* scene, std::list<MO_Node*> const& nodes, bool notify);
+    bool selectAllLayers(TUScene const* scene, bool notify);
+    /// Applies the remembered names to SL_Selection, falling back to the first unlocked
+    /// layer unless `keepEmpty` or a brush preset; always emits layerInfoChanged.
+    void selectPreferedLayers(TUScene const* scene, bool keepEmpty, bool includeLocked);
+    void selectPreferedLayers(SC_Id const& panelId, bool keepEmpty, bool includeLocked);
+    void selectPreferedLayers(std::vector<SC_Id> const& panelIds, bool keepEmpty, bool includeLocked);
+    MO_Node* selectPitchModeLayer(TUScene const* scene, bool notify);
+    MO_Node* selectPitchModeLayer(SC_Id const& panelId, bool notify);
+    /// Clears SL_Selection and the shared list; the panels' own lists stay.
+    bool clearSelection(bool notify);
+
+    // Default layers: the user's template for new panels, kept in the preferences.
+    LayerInfoList::const_iterator beginDefaultLayers() const;
+    LayerInfoList::const_iterator endDefaultLayers() const;
+    LayerInfoList::const_reverse_iterator rbeginDefaultLayers() const;
+    LayerInfoList::const_reverse_iterator rendDefaultLayers() const;
+    /// Replaces the template by a snapshot of the panel's layers; nothing for an unknown
+    /// id or a panel without layers. Emits nothing; saved when the manager goes.
+    void updateDefaultLayers(SC_Id const& panelId);
+    /// The template that a stored "DEFAULT_LAYERS" text gives: its ";;"-separated
+    /// entries, or the built-in "A" and "BG" when it has none.
+    static LayerInfoList defaultLayersFromText(QString const& stored);
+
 signals:
     /// Something about the layers of this panel changed; null stands for any panel.
     void layerInfoChanged(TUScene* scene);
@@ -154,6 +260,12 @@ protected slots:
     void onDrawingModified(SC_Id const& panelId, MO_Node const* node);
 
 private:
+    /// The steps of selectLayer after its checks, inside the caller's batch scope.
+    bool applySelection(TUScene const* scene, MO_Node const* node, eLayerSelectionMode mode, bool notify);
+    /// Emits layerInfoChanged(scene) when `notify`.
+    void changedIf(bool notify, TUScene const* scene);
+    void loadDefaultLayers();
+    void saveDefaultLayers() const;
     /// The scene of the panel with that id; null when there is none.
     TUScene const* sceneOf(SC_Id const& panelId) const;
     /// The names of the layers into a temporary list, then into `out`.

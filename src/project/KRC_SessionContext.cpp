@@ -3,6 +3,7 @@
 // The storyboard camera.
 #include "camera/KRC_CameraManager.h"
 
+#include "layers/KRC_PanelLayerManager.h"
 #include "project/KRC_KrolleProject.h"
 #include "project/KRC_SceneChangeManager.h"
 
@@ -53,7 +54,7 @@ KRC_KrolleProject* KRC_SessionContext::createKrolleProject(SC_Project* project)
     if (!project)
         return nullptr;
     d->krolleProject = new KRC_KrolleProject(project);
-    // The session's selection goes to the new view's layer manager here.
+    d->krolleProject->layerManager()->setSelection(selection());
     return d->krolleProject;
 }
 

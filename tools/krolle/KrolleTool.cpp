@@ -4,8 +4,10 @@
 #include "CameraCommand.h"
 #include "CheckCommand.h"
 #include "Command.h"
+#include "DefaultsCommand.h"
 #include "Console.h"
 #include "DemoCommand.h"
+#include "DrawingsCommand.h"
 #include "ExportCommand.h"
 #include "FieldsCommand.h"
 #include "ImportCommand.h"
@@ -47,6 +49,9 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new LayersCommand);
     // Camera.
     m_commands.emplace_back(new CameraCommand);
+    // Layer selection and drawings.
+    m_commands.emplace_back(new DrawingsCommand);
+    m_commands.emplace_back(new DefaultsCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

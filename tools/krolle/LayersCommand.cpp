@@ -54,16 +54,6 @@ QJsonObject layerJson(const Krolle::Panel_t& panel, MO_Node* layer, unsigned ind
         { QStringLiteral("layerFlags"), infos ? infos->layerFlags(name) : 0 } };
 }
 
-// SHOT/PANEL, split at the last slash (shot names may hold one, panel names too rarely to matter).
-void splitPanelPath(const QString& path, QString& shot, QString& panel)
-{
-    const int slash = path.lastIndexOf(QLatin1Char('/'));
-    if (slash <= 0 || slash + 1 == path.size())
-        throw ToolError::usage(QStringLiteral("--panel needs SHOT/PANEL, not '%1'").arg(path));
-    shot = path.left(slash);
-    panel = path.mid(slash + 1);
-}
-
 QString cell(const QJsonObject& layer, const char* key)
 {
     const QJsonValue value = layer.value(QLatin1String(key));
@@ -118,14 +108,10 @@ LayersCommand::LayersCommand()
 
 ExitStatus LayersCommand::run(const ArgumentValues& arguments)
 {
-    QString shotName;
-    QString panelName;
-    splitPanelPath(arguments.value(QStringLiteral("--panel")), shotName, panelName);
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();
-    const Krolle::Panel_t panel
-        = NamedObjects::panel(view, NamedObjects::shot(view, shotName, QString()), panelName);
+    const Krolle::Panel_t panel = NamedObjects::panelByPath(view, arguments.value(QStringLiteral("--panel")));
     std::vector<MO_Node*> layers;
     view.layerManager()->getLayers(panel.symbol(), layers);
     QJsonArray entries;
