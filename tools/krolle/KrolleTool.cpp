@@ -1,6 +1,7 @@
 #include "KrolleTool.h"
 
 #include "AtCommand.h"
+#include "ChangesCommand.h"
 #include "CheckCommand.h"
 #include "Command.h"
 #include "Console.h"
@@ -15,6 +16,7 @@
 #include "OutlineCommand.h"
 #include "RulesCommand.h"
 #include "SetCommand.h"
+#include "TrackCommand.h"
 #include "TextTable.h"
 
 #include <new>
@@ -44,6 +46,8 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new SetCommand);
     // Panel layers.
     m_commands.emplace_back(new LayersCommand);
+    m_commands.emplace_back(new TrackCommand);
+    m_commands.emplace_back(new ChangesCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

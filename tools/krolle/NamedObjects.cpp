@@ -19,6 +19,14 @@ Krolle::Shot_t NamedObjects::shot(const KRC_KrolleProject& view, const QString& 
     return found;
 }
 
+Krolle::Panel_t NamedObjects::panelByPath(const KRC_KrolleProject& view, const QString& path)
+{
+    const int slash = path.lastIndexOf(QLatin1Char('/'));
+    if (slash <= 0 || slash == path.size() - 1)
+        throw ToolError::usage(QStringLiteral("--panel takes SHOT/PANEL, not \"%1\"").arg(path));
+    return panel(view, shot(view, path.left(slash), QString()), path.mid(slash + 1));
+}
+
 Krolle::Panel_t NamedObjects::panel(
     const KRC_KrolleProject& view, const Krolle::Shot_t& shot, const QString& name)
 {

@@ -20,6 +20,8 @@ public:
     static Krolle::Shot_t shot(const KRC_KrolleProject& view, const QString& name, const QString& sequence);
     static Krolle::Panel_t panel(
         const KRC_KrolleProject& view, const Krolle::Shot_t& shot, const QString& name);
+    // The panel named "SHOT/PANEL", split at the last slash; no slash is a usage error.
+    static Krolle::Panel_t panelByPath(const KRC_KrolleProject& view, const QString& path);
     // 'shot 3 "SH010"'
     static QString shotLabel(const KRC_KrolleProject& view, const Krolle::Shot_t& shot);
     // 'panel 2 "B" of shot 3 "SH010"'

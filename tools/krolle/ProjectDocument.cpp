@@ -1,5 +1,6 @@
 #include "ProjectDocument.h"
 
+#include "EditTracking.h"
 #include "ProgressBar.h"
 #include "ToolError.h"
 
@@ -7,6 +8,7 @@
 #include "project/KRC_KrolleProject.h"
 #include "project/KRC_SceneChangeManager.h"
 #include "project/KRC_SessionContext.h"
+#include "tracking/KRC_TrackingManager.h"
 
 #include <QFileInfo>
 
@@ -25,6 +27,7 @@ ProjectDocument::ProjectDocument()
 
 ProjectDocument::~ProjectDocument()
 {
+    m_tracking.reset();
     m_session->releaseProject();
     m_project = nullptr;
     delete m_session;
@@ -50,9 +53,12 @@ void ProjectDocument::open(const QString& path)
 
 void ProjectDocument::adopt(const UT_SharedPtr<SC_Project>& project)
 {
+    m_tracking.reset();
     m_session->releaseProject();
     m_project = project;
     m_view = m_session->createKrolleProject(m_project.get());
+    m_view->trackingManager()->init();
+    m_tracking = std::make_unique<EditTracking>(*m_view);
 }
 
 KRC_KrolleProject& ProjectDocument::view() const
@@ -67,6 +73,8 @@ void ProjectDocument::notify() const
 
 void ProjectDocument::save(const QString& path) const
 {
+    notify();
+    m_tracking->writeRecords();
     std::unique_ptr<ProgressBar> progress;
     if (m_project->sceneCount() >= kLargeSceneCount)
         progress.reset(new ProgressBar(QStringLiteral("saving %1").arg(path), 0));

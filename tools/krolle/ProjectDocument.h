@@ -6,6 +6,7 @@
 #include <QString>
 #include <memory>
 
+class EditTracking;
 class KRC_KrolleProject;
 class KRC_SessionContext;
 class SC_Project;
@@ -17,6 +18,8 @@ class TUSceneChangeManager;
 // commands ask. Edits go through the engine and are followed by notify(), so
 // the view drops what it cached. Saving goes through the engine's atomic save:
 // a failed save leaves the previous file as it was.
+// Every edit is tracked as a host tracks its commands: the panels it touched get their
+// tracking record written before each save (see EditTracking).
 // Failures are ToolError::file (exit status 2) naming the file and the place.
 // Owns the session, which owns the view; holds one reference on the project.
 // Single-threaded.
@@ -53,5 +56,6 @@ private:
     KRC_SessionContext* m_session;
     UT_SharedPtr<SC_Project> m_project;
     KRC_KrolleProject* m_view = nullptr;
+    std::unique_ptr<EditTracking> m_tracking;
     QString m_path;
 };
