@@ -49,6 +49,9 @@ void ProjectDocument::open(const QString& path)
         throw ToolError::file(QStringLiteral("cannot load %1").arg(error));
     m_path = path;
     adopt(project);
+    // Edits of a file are tracked; what loading posted is not an edit.
+    notify();
+    m_tracking = std::make_unique<EditTracking>(*m_view);
 }
 
 void ProjectDocument::adopt(const UT_SharedPtr<SC_Project>& project)
@@ -58,7 +61,6 @@ void ProjectDocument::adopt(const UT_SharedPtr<SC_Project>& project)
     m_project = project;
     m_view = m_session->createKrolleProject(m_project.get());
     m_view->trackingManager()->init();
-    m_tracking = std::make_unique<EditTracking>(*m_view);
 }
 
 KRC_KrolleProject& ProjectDocument::view() const
@@ -73,8 +75,10 @@ void ProjectDocument::notify() const
 
 void ProjectDocument::save(const QString& path) const
 {
-    notify();
-    m_tracking->writeRecords();
+    if (m_tracking) {
+        notify();
+        m_tracking->writeRecords();
+    }
     std::unique_ptr<ProgressBar> progress;
     if (m_project->sceneCount() >= kLargeSceneCount)
         progress.reset(new ProgressBar(QStringLiteral("saving %1").arg(path), 0));

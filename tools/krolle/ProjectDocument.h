@@ -18,8 +18,9 @@ class TUSceneChangeManager;
 // commands ask. Edits go through the engine and are followed by notify(), so
 // the view drops what it cached. Saving goes through the engine's atomic save:
 // a failed save leaves the previous file as it was.
-// Every edit is tracked as a host tracks its commands: the panels it touched get their
-// tracking record written before each save (see EditTracking).
+// Every edit of an opened file is tracked as a host tracks its commands: the panels it
+// touched get their tracking record written before each save (see EditTracking).
+// Projects made in memory (adopt) are not tracked: making them is no edit.
 // Failures are ToolError::file (exit status 2) naming the file and the place.
 // Owns the session, which owns the view; holds one reference on the project.
 // Single-threaded.
