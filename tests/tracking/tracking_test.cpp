@@ -29,6 +29,8 @@ protected:
         peg = addPeg(board.panelAt(0, 1).symbol()->getRootGroup(), "Char");
         board.notify();
         tracker().init();
+        board.notify(); // what the first delivery posted in turn
+        qRegisterMetaType<TUMetadataSet>("TUMetadataSet");
     }
 
     KRC_TrackingManager& tracker() const { return *board->trackingManager(); }
