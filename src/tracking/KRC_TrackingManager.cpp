@@ -14,9 +14,8 @@ namespace {
 
 QString const kAutoTrackingName = QStringLiteral("autoPanelTracking");
 
-// Change codes: a tracking record counts only when its flag or date was set, an info
-// field list only when its values changed, and a panel info never for its name.
-constexpr int kTrackingSetCode = 23;
+// Change codes: an info field list counts only when its values changed, and a panel
+// info never for its name.
 constexpr int kInfoFieldValuesCode = 4;
 constexpr int kObjInfoNameCode = 18;
 constexpr int kAutoTrackingCode = 21;

@@ -68,6 +68,10 @@ public:
         bool saved = true;
     };
 
+    /// The change code a tracking record is reported with when its flag or date is set:
+    /// the only code under which such a change counts as a change of its panel.
+    static constexpr int kTrackingSetCode = 23;
+
     explicit KRC_TrackingManager(KRC_KrolleProject* project);
     ~KRC_TrackingManager() override;
     KRC_TrackingManager(KRC_TrackingManager const&) = delete;

@@ -5,13 +5,6 @@
 #include "project/Panel_t.h"
 #include "tracking/KRC_TrackingManager.h"
 
-namespace {
-
-// Written by a tracking change: the flag or the date was set.
-const int kTrackingSetCode = 23;
-
-} // namespace
-
 const char* const EditTracking::kNowVariable = "KROLLE_NOW";
 
 struct EditTracking::Private
@@ -53,7 +46,7 @@ void EditTracking::writeRecords()
         record->setTrackingDate(fixedTime ? now() : change.first);
         if (record->trackingNote().isNull())
             record->setTrackingNote(QString(QLatin1String("")));
-        record->emitChanged(d->view.changeManager(), kTrackingSetCode);
+        record->emitChanged(d->view.changeManager(), KRC_TrackingManager::kTrackingSetCode);
     }
     if (!touched.empty())
         d->view.changeManager()->notify();

@@ -7,12 +7,11 @@
 
 #include "metadata/KRC_Tracking.h"
 #include "project/KRC_KrolleProject.h"
+#include "tracking/KRC_TrackingManager.h"
 
 namespace {
 
 const int kSchemaVersion = 1;
-// A tracking record's flag or date was set.
-const int kTrackingSetCode = 23;
 
 const QString kPanel = QStringLiteral("--panel");
 const QString kNote = QStringLiteral("--note");
@@ -44,7 +43,7 @@ ExitStatus TrackCommand::run(const ArgumentValues& arguments)
     record->setTrackingDate(EditTracking::now());
     if (arguments.isSet(kNote))
         record->setTrackingNote(arguments.value(kNote));
-    record->emitChanged(view.changeManager(), kTrackingSetCode);
+    record->emitChanged(view.changeManager(), KRC_TrackingManager::kTrackingSetCode);
     document.save();
 
     const QString label = NamedObjects::panelLabel(view, panel);
