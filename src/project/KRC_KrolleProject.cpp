@@ -5,6 +5,7 @@
 
 #include "layers/KRC_PanelLayerManager.h"
 #include "tracking/KRC_DrawingObserver.h"
+#include "tracking/KRC_TrackingManager.h"
 
 using Krolle::ObjectCache;
 using Krolle::Panel_t;
@@ -28,6 +29,7 @@ KRC_KrolleProject::KRC_KrolleProject(SC_Project* project)
     // manager, tracking manager, name helper.
     d->drawingObserver = new KRC_DrawingObserver(this);
     d->layerManager = new KRC_PanelLayerManager(this);
+    d->trackingManager = new KRC_TrackingManager(this);
     d->nameHelper = new KRC_NameHelper(this);
 }
 
@@ -39,6 +41,8 @@ KRC_KrolleProject::~KRC_KrolleProject()
     // tracking manager, drawing observer, name helper.
     delete d->layerManager;
     d->layerManager = nullptr;
+    delete d->trackingManager;
+    d->trackingManager = nullptr;
     delete d->drawingObserver;
     d->drawingObserver = nullptr;
     delete d->nameHelper;
@@ -69,6 +73,11 @@ KRC_DrawingObserver* KRC_KrolleProject::drawingObserver() const
 KRC_PanelLayerManager* KRC_KrolleProject::layerManager() const
 {
     return d->layerManager;
+}
+
+KRC_TrackingManager* KRC_KrolleProject::trackingManager() const
+{
+    return d->trackingManager;
 }
 
 SC_ProjectCommon* KRC_KrolleProject::projectCommon() const

@@ -26,6 +26,7 @@ class KRC_ProjectInfoFieldDescList;
 class KRC_NameHelper;
 class KRC_NamingRules;
 class KRC_PanelLayerManager;
+class KRC_TrackingManager;
 class KRC_ReferenceToolData;
 
 namespace Krolle {
@@ -86,6 +87,8 @@ public:
     KRC_DrawingObserver* drawingObserver() const;
     /// The view's layer manager: which layers each panel has.
     KRC_PanelLayerManager* layerManager() const;
+    /// The view's tracking manager: which panels changed. The host calls its `init()`.
+    KRC_TrackingManager* trackingManager() const;
 
     // Caches.
     /// Drops every cache now.

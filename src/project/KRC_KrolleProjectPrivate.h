@@ -17,6 +17,7 @@
 
 class KRC_DrawingObserver;
 class KRC_PanelLayerManager;
+class KRC_TrackingManager;
 
 /// Everything that KRC_KrolleProject keeps: the owned managers, the reference on the
 /// engine project, the caches of handles (all dropped at once by clearCaches), the
@@ -44,6 +45,7 @@ public:
     KRC_DrawingObserver* drawingObserver = nullptr;
     /// Says which layers each panel has and keeps their records in step.
     KRC_PanelLayerManager* layerManager = nullptr;
+    KRC_TrackingManager* trackingManager = nullptr;
 
     /// Handed to every shot and panel for its automatic name; made last and deleted
     /// last of the owned managers.

@@ -20,6 +20,8 @@ ToolSandbox::ToolSandbox()
 {
     m_environment.remove(QStringLiteral("KROLLE_PREFERENCES"));
     m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    // Tracking dates written by the tool's edits, the same on every run.
+    m_environment.insert(QStringLiteral("KROLLE_NOW"), QStringLiteral("2026-03-10T09:30:00"));
 }
 
 QString ToolSandbox::path(const QString& name) const

@@ -329,6 +329,31 @@ TEST(ToolExamples, AreWhatTheToolMakesAndCheckClean)
 
 } // namespace
 
+// Tracking: set by hand, written by the tool's own edits, listed and filtered by date and flag.
+TEST_F(ToolCommands, ChangesShowWhatTrackAndEditsTouched)
+{
+    const std::pair<QStringList, const char*> cases[] = {
+        { { "changes", "demo.xml" }, "changes_none.txt" },
+        { { "track", "demo.xml", "--panel", "SH010/1", "--note", "new pose" }, "track_demo.txt" },
+        { { "track", "demo.xml", "--panel", "SH020/2", "--off" }, nullptr },
+        { { "changes", "demo.xml" }, "changes_demo.txt" },
+        { { "changes", "demo.xml", "--tracked", "--json" }, "changes_demo_tracked.json" },
+        { { "changes", "demo.xml", "--since", "2026-03-11" }, "changes_none.txt" },
+    };
+    for (const auto& [arguments, golden] : cases) {
+        if (golden)
+            expectGolden(arguments, QString::fromLatin1(golden));
+        else
+            ok(arguments);
+    }
+    ok({ "fields", "small.xml", "--add", "Dialogue" });
+    ok({ "set", "small.xml", "--panel", "2/1", "--field", "Dialogue", "--value", "Hi" });
+    const QJsonArray touched = jsonOf(ok({ "changes", "small.xml", "--json" }))["panels"].toArray();
+    ASSERT_EQ(touched.size(), 1);
+    EXPECT_TRUE(touched[0]["panel"].toString().startsWith("panel 1 ")) << touched[0]["panel"].toString().toStdString();
+    EXPECT_EQ(sandbox.run({ "changes", "small.xml", "--since", "someday" }).exitCode, 64);
+}
+
 // Info fields: defined, edited and valued through the tool, on a machine without a
 // display (no DISPLAY, no QT_QPA_PLATFORM): reading turns plain values into rich text.
 TEST_F(ToolCommands, InfoFieldsDefinedValuedAndShown)

@@ -2,6 +2,7 @@
 
 #include "AtCommand.h"
 #include "CameraCommand.h"
+#include "ChangesCommand.h"
 #include "CheckCommand.h"
 #include "Command.h"
 #include "DefaultsCommand.h"
@@ -18,6 +19,7 @@
 #include "OutlineCommand.h"
 #include "RulesCommand.h"
 #include "SetCommand.h"
+#include "TrackCommand.h"
 #include "TextTable.h"
 
 #include <new>
@@ -52,6 +54,9 @@ KrolleTool::KrolleTool()
     // Layer selection and drawings.
     m_commands.emplace_back(new DrawingsCommand);
     m_commands.emplace_back(new DefaultsCommand);
+    // Change tracking.
+    m_commands.emplace_back(new TrackCommand);
+    m_commands.emplace_back(new ChangesCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

@@ -19,6 +19,14 @@ Krolle::Shot_t NamedObjects::shot(const KRC_KrolleProject& view, const QString& 
     return found;
 }
 
+Krolle::Panel_t NamedObjects::panelByPath(const KRC_KrolleProject& view, const QString& path)
+{
+    const int slash = path.lastIndexOf(QLatin1Char('/'));
+    if (slash <= 0 || slash == path.size() - 1)
+        throw ToolError::usage(QStringLiteral("--panel takes SHOT/PANEL, not \"%1\"").arg(path));
+    return panel(view, shot(view, path.left(slash), QString()), path.mid(slash + 1));
+}
+
 Krolle::Panel_t NamedObjects::panel(
     const KRC_KrolleProject& view, const Krolle::Shot_t& shot, const QString& name)
 {
@@ -46,12 +54,4 @@ QString NamedObjects::panelLabel(const KRC_KrolleProject& view, const Krolle::Pa
 {
     return QStringLiteral("panel %1 \"%2\" of %3")
         .arg(QString::number(view.getPanelNdx(panel, true) + 1), panel.name(), shotLabel(view, panel.shot()));
-}
-
-Krolle::Panel_t NamedObjects::panelByPath(const KRC_KrolleProject& view, const QString& path)
-{
-    const int slash = path.lastIndexOf(QLatin1Char('/'));
-    if (slash <= 0 || slash + 1 == path.size())
-        throw ToolError::usage(QStringLiteral("--panel needs SHOT/PANEL, not '%1'").arg(path));
-    return panel(view, shot(view, path.left(slash), QString()), path.mid(slash + 1));
 }

@@ -1,5 +1,6 @@
 #include "ProjectDocument.h"
 
+#include "EditTracking.h"
 #include "ProgressBar.h"
 #include "ToolError.h"
 
@@ -7,6 +8,7 @@
 #include "project/KRC_KrolleProject.h"
 #include "project/KRC_SceneChangeManager.h"
 #include "project/KRC_SessionContext.h"
+#include "tracking/KRC_TrackingManager.h"
 
 #include "Console.h"
 
@@ -38,6 +40,7 @@ ProjectDocument::ProjectDocument()
 
 ProjectDocument::~ProjectDocument()
 {
+    m_tracking.reset();
     m_session->releaseProject();
     m_project = nullptr;
     delete m_session;
@@ -103,13 +106,18 @@ void ProjectDocument::open(const QString& path, Access access)
         throw ToolError::file(QStringLiteral("cannot load %1").arg(error));
     m_path = path;
     adopt(project);
+    // Edits of a file are tracked; what loading posted is not an edit.
+    notify();
+    m_tracking = std::make_unique<EditTracking>(*m_view);
 }
 
 void ProjectDocument::adopt(const UT_SharedPtr<SC_Project>& project)
 {
+    m_tracking.reset();
     m_session->releaseProject();
     m_project = project;
     m_view = m_session->createKrolleProject(m_project.get());
+    m_view->trackingManager()->init();
 }
 
 KRC_KrolleProject& ProjectDocument::view() const
@@ -124,6 +132,10 @@ void ProjectDocument::notify() const
 
 void ProjectDocument::save(const QString& path) const
 {
+    if (m_tracking) {
+        notify();
+        m_tracking->writeRecords();
+    }
     std::unique_ptr<ProgressBar> progress;
     if (m_project->sceneCount() >= kLargeSceneCount)
         progress.reset(new ProgressBar(QStringLiteral("saving %1").arg(path), 0));

@@ -9,6 +9,7 @@
 
 class QLockFile;
 
+class EditTracking;
 class KRC_KrolleProject;
 class KRC_SessionContext;
 class SC_CameraManager;
@@ -25,6 +26,9 @@ class TUSceneChangeManager;
 // from the load to its end, so that two edits of one file never interleave; a lock
 // held by a live process is refused, one left by a dead process is taken over with a
 // note. Its save refuses a file that changed on disk since the load.
+// Every edit of an opened file is tracked as a host tracks its commands: the panels it
+// touched get their tracking record written before each save (see EditTracking).
+// Projects made in memory (adopt) are not tracked: making them is no edit.
 // Failures are ToolError::file (exit status 2) naming the file and the place.
 // Owns the session, which owns the view; holds one reference on the project.
 // Single-threaded.
@@ -69,6 +73,7 @@ private:
     KRC_SessionContext* m_session;
     UT_SharedPtr<SC_Project> m_project;
     KRC_KrolleProject* m_view = nullptr;
+    std::unique_ptr<EditTracking> m_tracking;
     QString m_path;
     HostFileFingerprint m_loaded;
     std::unique_ptr<QLockFile> m_lock;

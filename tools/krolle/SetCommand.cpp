@@ -13,6 +13,8 @@
 namespace {
 
 const int kSchemaVersion = 1;
+// Reported for a changed value, so that the panel counts as changed.
+const int kValuesChangedCode = 4;
 
 const QString kPanel = QStringLiteral("--panel");
 const QString kProject = QStringLiteral("--project");
@@ -64,6 +66,7 @@ ExitStatus SetCommand::run(const ArgumentValues& arguments)
     }
     KRC_InfoField* field = InfoFieldText::valueOf(*list, *descs, desc);
     field->setValue(arguments.value(kValue));
+    list->emitChanged(view.changeManager(), kValuesChangedCode);
     document.save();
 
     const QString value = InfoFieldText::plain(field);

@@ -1,0 +1,87 @@
+// Change tracking over projects of 2,000 and 20,000 panels. With a scope open, a node
+// or timed-value change of one panel is attributed through the view's scene-to-panel
+// map, so its cost must barely move with the size of the project; a changed record is
+// looked for among every panel's records, a walk, and is measured to say what it costs
+// at 20,000 panels. Listing the tracked panels is a walk and grows linearly.
+#include "bench_boards.h"
+#include "host/engine/HostNodeAuthoring.h"
+#include "metadata/KRC_Tracking.h"
+#include "project/Panel_t.h"
+#include "tracking/KRC_TrackingManager.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+/// The board of that size with its tracking manager connected (once), and the last
+/// panel: the one a walk reaches last.
+KRC_KrolleProject& trackedView(benchmark::State& state, Krolle::Panel_t& last)
+{
+    BenchBoard& bench = BenchBoard::ofPanels(unsigned(state.range(0)));
+    static std::set<KRC_KrolleProject*> connected;
+    if (connected.insert(bench.view.get()).second)
+        bench.view->trackingManager()->init();
+    last = *bench.view->rbeginPanel();
+    if (last.symbol()->timedValues().empty()) {
+        // A drawing column, so that the panel has a timed value to change.
+        HostNodeAuthoring::addDrawingElement(
+            last.symbol()->getRootGroup(), "Bench", CA_DrawingKind::Kvg, "bench.tvg", 1, 3);
+        bench.view->changeManager()->notify();
+    }
+    return *bench.view;
+}
+
+/// One change of the last panel per iteration, posted and delivered inside a scope.
+template <class Post> void changeOfOnePanel(benchmark::State& state, Post post)
+{
+    Krolle::Panel_t last;
+    KRC_KrolleProject& view = trackedView(state, last);
+    TUSceneChangeManager* manager = view.changeManager();
+    KRC_TrackingManager::AccumScope scope(view.trackingManager());
+    for (auto _ : state) {
+        post(manager, last);
+        manager->notify();
+    }
+    if (scope.result().size() != 1)
+        state.SkipWithError("the change was not attributed to its panel");
+}
+
+void BM_TrackNodeChange(benchmark::State& state)
+{
+    changeOfOnePanel(state, [](TUSceneChangeManager* manager, Krolle::Panel_t const& panel) {
+        manager->postNodeChanged(panel.symbol()->getRootGroup());
+    });
+}
+
+void BM_TrackTimedValueChange(benchmark::State& state)
+{
+    changeOfOnePanel(state, [](TUSceneChangeManager* manager, Krolle::Panel_t const& panel) {
+        manager->postTimedValueChanged(panel.symbol()->timedValues().front());
+    });
+}
+
+void BM_TrackRecordChange(benchmark::State& state)
+{
+    changeOfOnePanel(state, [](TUSceneChangeManager* manager, Krolle::Panel_t const& panel) {
+        panel.tracking()->emitChanged(manager, 23);
+    });
+}
+
+void BM_GetTrackedPanels(benchmark::State& state)
+{
+    Krolle::Panel_t last;
+    KRC_TrackingManager* tracker = trackedView(state, last).trackingManager();
+    std::vector<SC_Id> out;
+    for (auto _ : state) {
+        tracker->getTrackedPanels(out, false);
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetItemsProcessed(int64_t(state.iterations()) * state.range(0));
+}
+
+} // namespace
+
+BENCHMARK(BM_TrackNodeChange)->Arg(2000)->Arg(20000);
+BENCHMARK(BM_TrackTimedValueChange)->Arg(2000)->Arg(20000);
+BENCHMARK(BM_TrackRecordChange)->Arg(2000)->Arg(20000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_GetTrackedPanels)->Arg(2000)->Arg(20000)->Unit(benchmark::kMicrosecond);
