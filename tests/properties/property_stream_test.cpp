@@ -237,7 +237,7 @@ TEST(PropertyStream, StoreReportsAFailedWrite)
 }
 
 // Blobs whole but for the guard under test: 32 levels of lists or maps load, 33 do
-// not; a colour loads only with a spec that Qt names.
+// not; a colour loads only with a colour model that Qt names.
 TEST(PropertyStream, NestingAndEnumGuardsDecideAlone)
 {
     const auto nested = [](quint32 type, int levels) {
@@ -251,9 +251,9 @@ TEST(PropertyStream, NestingAndEnumGuardsDecideAlone)
             out << quint32(0) << QString() << QString() << qint32(0) << qint32(0);
         });
     };
-    const auto colour = [](qint8 spec) {
+    const auto colour = [](qint8 model) {
         return hostile(QVariant::Color, [=](QDataStream& out) {
-            out << spec << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3) << quint16(0)
+            out << model << quint16(0xffff) << quint16(1) << quint16(2) << quint16(3) << quint16(0)
                 << QString() << QString() << qint32(0) << qint32(0);
         });
     };
