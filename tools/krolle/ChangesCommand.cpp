@@ -62,7 +62,10 @@ QJsonArray changedPanels(const KRC_KrolleProject& view, const ArgumentValues& ar
 
 QString table(const QString& file, const QJsonArray& panels)
 {
-    const QString text = QStringLiteral("%1: %2 changed panels\n\n").arg(file).arg(panels.size());
+    const QString text = QStringLiteral("%1: %2 changed %3\n\n")
+                             .arg(file)
+                             .arg(panels.size())
+                             .arg(panels.size() == 1 ? QStringLiteral("panel") : QStringLiteral("panels"));
     if (panels.isEmpty())
         return text + QStringLiteral("(no changes)\n");
     TextTable rows;
