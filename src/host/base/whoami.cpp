@@ -16,14 +16,24 @@ QString& storedName()
     return name;
 }
 
+// The file the process runs from; asked of the system once, since every record made
+// asks for its creator and a walk over a large project makes thousands of them.
+QString const& executableFileName()
+{
+    static QString const name = [] {
+        QFileInfo const self(QStringLiteral("/proc/self/exe"));
+        if (self.isSymLink())
+            return QFileInfo(self.symLinkTarget()).fileName();
+        return QString::fromLocal8Bit(program_invocation_short_name);
+    }();
+    return name;
+}
+
 QString executableName()
 {
     if (QCoreApplication::instance() && !QCoreApplication::applicationName().isEmpty())
         return QCoreApplication::applicationName();
-    QFileInfo const self(QStringLiteral("/proc/self/exe"));
-    if (self.isSymLink())
-        return QFileInfo(self.symLinkTarget()).fileName();
-    return QString::fromLocal8Bit(program_invocation_short_name);
+    return executableFileName();
 }
 
 // Every name ever handed out stays alive, so callers may keep the pointer.
