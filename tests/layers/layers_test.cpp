@@ -142,7 +142,7 @@ TEST_P(PanelLayers, EngineEditsReachTheInterfaceOncePerPanelAndSignal)
         { "rename", [&] { rename(bg, "Sky"); }, 1, 0 },
         { "move", [&] { moveNode(off, scene->getRootGroup(), 0); }, 1, 0 },
         { "lock", [&] { setLocked(bg, true); }, 1, 0 },
-        { "add", [&] { addPeg(scene->getRootGroup(), "Cam"); }, 2, 0 },
+        { "add", [&] { addPeg(scene->getRootGroup(), "Cam"); }, 1, 0 },
         { "remove", [&] { removeNode(layers().getLayerByName(scene, "Set")); }, 1, 0 },
         { "draw", [&] { ca_celCache->reportDrawingModified(hero->drawingAttr()->key(1.0)); }, 0, 1 },
         { "three renames at once",

@@ -30,6 +30,17 @@ void post(MO_Node const* context, void (TUSceneChangeManager::*kind)(MO_Node*),
     }
 }
 
+// Posts subNetworkChanged for the groups given that are sub-networks, nested in another
+// group. A root group's network is the scene's own: its changes go out as
+// networkChanged alone, so a host hears of a new top-level node once.
+void postSubNetworks(MO_Node const* context, std::initializer_list<TUGroup*> groups)
+{
+    for (TUGroup* group : groups) {
+        if (group && group->group())
+            post(context, &TUSceneChangeManager::postSubNetworkChanged, { group });
+    }
+}
+
 // An attribute edit of a node: posted as a change of the node that has been applied.
 void postAttributeChange(MO_Node* node)
 {
@@ -80,7 +91,7 @@ template <class T> T* insertNew(TUGroup* group, T* node, MO_Node* parent, int in
 {
     HostNodeEdit::insert(group, UT_SharedPtr<MO_Node>(node), index);
     post(group, &TUSceneChangeManager::postNetworkChanged, { node });
-    post(group, &TUSceneChangeManager::postSubNetworkChanged, { group });
+    postSubNetworks(group, { group });
     if (parent) {
         HostNodeEdit::setParent(node, parent);
         post(group, &TUSceneChangeManager::postNodeLinksChanged, { node, parent });
@@ -241,7 +252,7 @@ bool moveNode(MO_Node* node, TUGroup* group, int index)
         post(node, &TUSceneChangeManager::postChildrenOrderingChanged, { group });
     } else {
         post(node, &TUSceneChangeManager::postNetworkChanged, { node });
-        post(node, &TUSceneChangeManager::postSubNetworkChanged, { from, group });
+        postSubNetworks(node, { from, group });
     }
     return true;
 }
@@ -260,8 +271,9 @@ bool removeNode(MO_Node* node)
     }
     removeColumns(removed);
     TUGroup* group = node->group();
-    post(node, &TUSceneChangeManager::postNetworkChanged, { node });
-    post(node, &TUSceneChangeManager::postSubNetworkChanged, { group });
+    // The removed node is gone by the time the change goes out: its group is what a
+    // listener can still look at.
+    post(node, &TUSceneChangeManager::postNetworkChanged, { group });
     HostNodeEdit::take(node);
     return true;
 }

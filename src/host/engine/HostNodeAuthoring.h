@@ -17,14 +17,14 @@ class TUPegModule;
 // clang-format off
 /// | Edit | Posted |
 /// |---|---|
-/// | add a node | networkChanged (node), subNetworkChanged (group); nodeLinksChanged (node, parent) when linked |
-/// | add an element | as a node, and timedValuesAdded (its column), nodeLinksChanged (element) |
+/// | add a node | networkChanged (node), subNetworkChanged (group, when nested); nodeLinksChanged (node, parent) when linked |
+/// | add an element | as a node, and timedValuesAdded (its column) |
 /// | add a drawing, change exposures | timedValuesChanged (the column) |
 /// | rename | nodeInstanceNamesChanged (node) |
 /// | relink | nodeLinksChanged (node, old parent, new parent) |
 /// | reorder in a group | childrenOrderingChanged (group) |
-/// | move to another group | networkChanged (node), subNetworkChanged (both groups) |
-/// | remove | networkChanged (node), subNetworkChanged (group), nodeLinksChanged (nodes linked under it, which become top-level), timedValuesRemoved (element columns) |
+/// | move to another group | networkChanged (node), subNetworkChanged (the nested ones of both groups) |
+/// | remove | networkChanged (group), nodeLinksChanged (nodes linked under it, which become top-level), timedValuesRemoved (element columns) |
 /// | lock, enable, opacity, camera alignment | nodesChanged (node), nodeChangeApplied (node) |
 // clang-format on
 ///

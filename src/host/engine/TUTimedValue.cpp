@@ -61,7 +61,9 @@ void TUTimedValue::linkNode(MO_Node* node)
     if (!node || d->find(node) != d->links.end())
         return;
     d->links.emplace_back(node);
-    if (TUSceneChangeManager* manager = changeManager())
+    // A node not yet in a network is being built: its network change will announce it.
+    TUSceneChangeManager* manager = node->group() ? changeManager() : nullptr;
+    if (manager)
         manager->postNodeLinksChanged(node);
 }
 

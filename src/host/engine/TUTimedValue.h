@@ -47,7 +47,7 @@ public:
     MO_Node* linkedNodes(unsigned index) const;
     unsigned linkedNodeCount() const;
     /// Links a node (once; a second link of the same node does nothing) and posts
-    /// nodeLinksChanged for it.
+    /// nodeLinksChanged for it when the node is already in a group.
     void linkNode(MO_Node* node);
     /// Unlinks a node if linked and posts nodeLinksChanged for it.
     void unlinkNode(MO_Node* node);
