@@ -94,6 +94,13 @@ TEST_F(ToolCommands, GoldenOutputs)
         expectGolden(arguments, QString::fromLatin1(golden));
 }
 
+TEST_F(ToolCommands, AnImageFieldsImageIsADrawingOfItsPanel)
+{
+    ok({ "fields", "demo.xml", "--add", "Sketch", "--image" });
+    ok({ "set", "demo.xml", "--panel", "SH080/3", "--field", "Sketch", "--value", "sketches/sh080-3.png" });
+    expectGolden({ "drawings", "demo.xml", "--panel", "SH080/3" }, "drawings_image_field.txt");
+}
+
 TEST_F(ToolCommands, TheJsonOutlineAgreesWithTheLibraryCounts)
 {
     const QJsonObject outline = this->outline("demo.xml");

@@ -1,6 +1,7 @@
 #include "DrawingsCommand.h"
 
 #include "Console.h"
+#include "InfoFieldText.h"
 #include "NamedObjects.h"
 #include "ProjectDocument.h"
 #include "TextTable.h"
@@ -38,6 +39,36 @@ void appendPanel(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, QJ
     }
 }
 
+// The names of the project's image fields: a panel's image in one of them is a drawing
+// it shows too, made elsewhere and kept beside the project.
+QStringList imageFieldNames(const KRC_KrolleProject& view)
+{
+    QStringList names;
+    for (const QJsonValue& definition : InfoFieldText::panelDefinitions(view)) {
+        const QJsonObject field = definition.toObject();
+        if (field.value(QStringLiteral("kind")).toString() == QLatin1String("image"))
+            names << field.value(QStringLiteral("name")).toString();
+    }
+    return names;
+}
+
+void appendImages(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, const QStringList& imageFields,
+    QJsonArray& out)
+{
+    if (imageFields.isEmpty())
+        return;
+    const QJsonObject values = InfoFieldText::panelValues(view, panel, true);
+    const QString label = NamedObjects::panelLabel(view, panel);
+    for (const QString& name : imageFields) {
+        const QString key = values.value(name).toString();
+        if (!key.isEmpty()) {
+            out.append(QJsonObject { { QStringLiteral("panel"), label }, { QStringLiteral("element"), name },
+                { QStringLiteral("enabled"), true }, { QStringLiteral("kind"), QStringLiteral("image") },
+                { QStringLiteral("drawing"), key } });
+        }
+    }
+}
+
 QString table(const QJsonObject& answer)
 {
     const QJsonArray drawings = answer.value(QStringLiteral("drawings")).toArray();
@@ -69,7 +100,8 @@ DrawingsCommand::DrawingsCommand()
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
     parser.setEpilogue(QStringLiteral(
         "A panel's drawing is the one each element shows at the panel's first frame; elements\n"
-        "below pegs and inside groups count, switched-off ones too.\n"
+        "below pegs and inside groups count, switched-off ones too. An image in one of the\n"
+        "panel's image fields is listed after them, of kind image.\n"
         "\n"
         "example: krolle drawings demo.xml --panel SH010/1"));
 }
@@ -79,12 +111,17 @@ ExitStatus DrawingsCommand::run(const ArgumentValues& arguments)
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();
+    const QStringList imageFields = imageFieldNames(view);
     QJsonArray entries;
+    const auto append = [&](const Krolle::Panel_t& panel) {
+        appendPanel(view, panel, entries);
+        appendImages(view, panel, imageFields, entries);
+    };
     if (arguments.isSet(QStringLiteral("--panel"))) {
-        appendPanel(view, NamedObjects::panelByPath(view, arguments.value(QStringLiteral("--panel"))), entries);
+        append(NamedObjects::panelByPath(view, arguments.value(QStringLiteral("--panel"))));
     } else {
         for (auto it = view.beginPanel(); it != view.endPanel(); ++it)
-            appendPanel(view, *it, entries);
+            append(*it);
     }
     const QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("drawings") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
