@@ -658,6 +658,60 @@ QString KRC_PanelLayerManager::getSelectedLayers(
     return getSelectedLayers(sceneOf(panelId), out, type, onlySelected);
 }
 
+MO_Node* KRC_PanelLayerManager::getSelectedLayers(
+    TUScene const* scene, LayersByPanel& out, LayerType_t type, bool onlySelected) const
+{
+    if (!scene)
+        return nullptr;
+    std::list<MO_Node*> found;
+    MO_Node* const result = getSelectedLayers(scene, found, type, onlySelected);
+    out[Krolle::objectId(scene)].insert(found.begin(), found.end());
+    return result;
+}
+
+MO_Node* KRC_PanelLayerManager::getSelectedLayers(
+    SC_Id const& panelId, std::set<MO_Node*>& out, LayerType_t type, bool onlySelected) const
+{
+    return getSelectedLayers(sceneOf(panelId), out, type, onlySelected);
+}
+
+MO_Node* KRC_PanelLayerManager::getSelectedLayers(
+    SC_Id const& panelId, LayersByPanel& out, LayerType_t type, bool onlySelected) const
+{
+    return getSelectedLayers(sceneOf(panelId), out, type, onlySelected);
+}
+
+namespace {
+
+/// The by-id form of each valid panel in order, into the same output.
+template <class Out>
+void selectedOfPanels(KRC_PanelLayerManager const& manager, std::vector<SC_Id> const& panelIds, Out& out,
+    KRC_PanelLayerManager::LayerType_t type, bool onlySelected)
+{
+    for (SC_Id const& id : panelIds)
+        manager.getSelectedLayers(id, out, type, onlySelected);
+}
+
+} // namespace
+
+void KRC_PanelLayerManager::getSelectedLayers(
+    std::vector<SC_Id> const& panelIds, std::list<MO_Node*>& out, LayerType_t type, bool onlySelected) const
+{
+    selectedOfPanels(*this, panelIds, out, type, onlySelected);
+}
+
+void KRC_PanelLayerManager::getSelectedLayers(
+    std::vector<SC_Id> const& panelIds, std::set<MO_Node*>& out, LayerType_t type, bool onlySelected) const
+{
+    selectedOfPanels(*this, panelIds, out, type, onlySelected);
+}
+
+void KRC_PanelLayerManager::getSelectedLayers(
+    std::vector<SC_Id> const& panelIds, LayersByPanel& out, LayerType_t type, bool onlySelected) const
+{
+    selectedOfPanels(*this, panelIds, out, type, onlySelected);
+}
+
 void KRC_PanelLayerManager::getSelectedLayers(
     std::vector<SC_Id> const& panelIds, QStringList& out, LayerType_t type, bool onlySelected) const
 {

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <list>
+#include <map>
 #include <memory>
 #include <set>
 #include <vector>
@@ -85,6 +86,8 @@ public:
         CameraAlignment cameraAlignment = static_cast<CameraAlignment>(0);
     };
     using LayerInfoList = std::list<LayerInfo>;
+    /// Selected layers by panel id, as the map forms of getSelectedLayers give them.
+    using LayersByPanel = std::map<SC_Id, std::set<MO_Node*>>;
 
     /// Reads its preferences and the default layers ("DEFAULT_LAYERS"); the destructor
     /// writes the default layers back.
@@ -188,11 +191,23 @@ public:
     MO_Node* getSelectedLayers(TUScene const* scene, std::set<MO_Node*>& out, LayerType_t type,
         bool onlySelected) const;
     QString getSelectedLayers(TUScene const* scene, QStringList& out, LayerType_t type, bool onlySelected) const;
+    /// Inserted under the panel's id; the entry is made even when nothing is selected.
+    MO_Node* getSelectedLayers(TUScene const* scene, LayersByPanel& out, LayerType_t type, bool onlySelected) const;
+    /// The panel's forms by id: a null answer and nothing added for an unknown id.
     MO_Node* getSelectedLayers(SC_Id const& panelId, std::list<MO_Node*>& out, LayerType_t type,
         bool onlySelected) const;
+    MO_Node* getSelectedLayers(SC_Id const& panelId, std::set<MO_Node*>& out, LayerType_t type,
+        bool onlySelected) const;
+    MO_Node* getSelectedLayers(SC_Id const& panelId, LayersByPanel& out, LayerType_t type, bool onlySelected) const;
     QString getSelectedLayers(SC_Id const& panelId, QStringList& out, LayerType_t type, bool onlySelected) const;
     /// Each valid panel in order; names are appended once.
     void getSelectedLayers(std::vector<SC_Id> const& panelIds, QStringList& out, LayerType_t type,
+        bool onlySelected) const;
+    void getSelectedLayers(std::vector<SC_Id> const& panelIds, std::list<MO_Node*>& out, LayerType_t type,
+        bool onlySelected) const;
+    void getSelectedLayers(std::vector<SC_Id> const& panelIds, std::set<MO_Node*>& out, LayerType_t type,
+        bool onlySelected) const;
+    void getSelectedLayers(std::vector<SC_Id> const& panelIds, LayersByPanel& out, LayerType_t type,
         bool onlySelected) const;
     /// The nodes of the selection that are layers of `type` of this panel.
     static void layerSetFromSelection(Krolle::Panel_t const& panel, SL_Selection* selection,

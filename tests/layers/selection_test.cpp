@@ -173,4 +173,36 @@ TEST_F(LayerSelection, PitchModeLayerIsTheOneFlagged16)
     EXPECT_EQ(layers().getPitchModeLayer(first), nullptr); // two flagged count as none
 }
 
+TEST_F(LayerSelection, EveryOutputFormOfTheSelectedLayersSaysTheSame)
+{
+    auto const names = [](auto const& nodes) {
+        QStringList out;
+        for (MO_Node const* node : nodes)
+            out << node->instanceName();
+        std::sort(out.begin(), out.end());
+        return out.join(',');
+    };
+    layers().setSelectedLayers(first, { "D", "B" }, false);
+    layers().setSelectedLayers(second, { "A" }, false);
+    std::vector<SC_Id> const ids { board.panel(0, 0), SC_Id(), board.panel(0, 1) };
+    std::list<MO_Node*> list;
+    std::set<MO_Node*> set;
+    Manager::LayersByPanel map;
+    layers().getSelectedLayers(ids, list, Manager::LayerType_All, false);
+    layers().getSelectedLayers(ids, set, Manager::LayerType_All, false);
+    layers().getSelectedLayers(ids, map, Manager::LayerType_All, false);
+    EXPECT_EQ(names(list), "A,B,D");
+    EXPECT_EQ(names(set), "A,B,D");
+    ASSERT_EQ(map.size(), 2u);
+    EXPECT_EQ(names(map[board.panel(0, 0)]), "B,D");
+    EXPECT_EQ(names(map[board.panel(0, 1)]), "A");
+
+    // A panel with nothing selected still gets its entry; an unknown id adds nothing.
+    Manager::LayersByPanel onlySelected;
+    EXPECT_EQ(layers().getSelectedLayers(board.panel(0, 1), onlySelected, Manager::LayerType_All, true), nullptr);
+    EXPECT_EQ(onlySelected.count(board.panel(0, 1)), 1u);
+    EXPECT_EQ(layers().getSelectedLayers(SC_Id(), onlySelected, Manager::LayerType_All, false), nullptr);
+    EXPECT_EQ(onlySelected.size(), 1u);
+}
+
 } // namespace
