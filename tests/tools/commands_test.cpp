@@ -274,6 +274,13 @@ TEST_F(ToolCommands, RulesInForceComeFromThePreferencesUntilOverridden)
     EXPECT_EQ(shotNames("demo.xml").first(), "SH010");
 }
 
+TEST_F(ToolCommands, DefaultLayersComeFromThePreferenceFileDamagedEntriesIncluded)
+{
+    sandbox.write("prefs.txt", "string DEFAULT_LAYERS = Sky;3;1;13;2;80;1;;Hero;1;;Cam;x;y\n");
+    sandbox.setEnvironment("KROLLE_PREFERENCES", sandbox.path("prefs.txt"));
+    expectGolden({ "defaults" }, "defaults_preferences.txt");
+}
+
 TEST_F(ToolCommands, CheckReportsWhatIsWrong)
 {
     const QByteArray demo = sandbox.read("demo.xml");
