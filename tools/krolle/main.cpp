@@ -2,11 +2,14 @@
 #include "KrolleTool.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 
 #include <csignal>
 #include <cstring>
 #include <memory>
+#include <unistd.h>
 
 namespace {
 
@@ -24,6 +27,14 @@ std::unique_ptr<QCoreApplication> application(int& argc, char** argv)
         return std::unique_ptr<QCoreApplication>(new QCoreApplication(argc, argv));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Without a user session (CI, root) Qt warns of a missing runtime folder; give it one
+    // of the user's own, as it would make itself.
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        const QString dir = QDir::tempPath() + QStringLiteral("/runtime-krolle-") + QString::number(getuid());
+        if (QDir().mkpath(dir)
+            && QFile::setPermissions(dir, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner))
+            qputenv("XDG_RUNTIME_DIR", dir.toLocal8Bit());
+    }
     return std::unique_ptr<QCoreApplication>(new QGuiApplication(argc, argv));
 }
 

@@ -57,7 +57,9 @@ ImportedBoard DrawingGroups::board(
             && sameName(board.shots.last().names.name, shot) && sameName(board.shots.last().names.sequence, sequence);
         if (!joins) {
             ImportedBoard::Shot opened;
-            opened.names.sequence = sequence;
+            // A sequence is a run of shots of one name: keep the run's first spelling.
+            const bool sameSequence = !board.shots.isEmpty() && sameName(board.shots.last().names.sequence, sequence);
+            opened.names.sequence = sameSequence ? board.shots.last().names.sequence : sequence;
             opened.names.name = shot;
             board.shots.append(opened);
         }

@@ -5,6 +5,7 @@
 
 #include "infofields/KRC_InfoFieldList.h"
 #include "layers/KRC_PanelLayerManager.h"
+#include "metadata/KRC_SceneInfo.h"
 #include "project/KRC_KrolleProject.h"
 
 PrintedPanel PrintedPanel::read(const KRC_KrolleProject& view, const Krolle::Panel_t& panel,
@@ -13,7 +14,9 @@ PrintedPanel PrintedPanel::read(const KRC_KrolleProject& view, const Krolle::Pan
     PrintedPanel printed;
     printed.shot = panel.shotName();
     printed.panel = panel.name();
-    printed.act = panel.actName();
+    // An act without a name of its own is no heading: its automatic name is a bare number.
+    const KRC_SceneInfo* shotInfo = panel.shot().sceneInfo();
+    printed.act = shotInfo && shotInfo->actName().isCustom() ? panel.actName() : QString();
     printed.sequence = view.sequenceExists() ? panel.sequenceName() : QString();
     printed.length = panel.lastFrame() - panel.firstFrame() + 1;
     printed.duration = Timecode::ofLength(printed.length, fps);

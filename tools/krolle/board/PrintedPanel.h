@@ -19,7 +19,7 @@ struct PrintedPanel
 {
     QString shot;
     QString panel;
-    QString act;
+    QString act; // null for an act without a custom name
     QString sequence;
     unsigned length = 0;
     QString duration; // the length as a timecode

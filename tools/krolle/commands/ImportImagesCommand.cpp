@@ -18,6 +18,7 @@
 namespace {
 
 const unsigned kDefaultFps = 24;
+const int kSchemaVersion = 1;
 const unsigned kDefaultSeconds = 2;
 const unsigned kLongestPanel = 1000000;
 const QString kDefaultField = QStringLiteral("Sketch");
@@ -104,16 +105,17 @@ ExitStatus ImportImagesCommand::run(const ArgumentValues& arguments)
     const ProjectSummary summary(document.view());
     const QString images = QDir(projectDir).relativeFilePath(where);
     if (arguments.isSet(QStringLiteral("--json"))) {
-        Console::outJson({ { QStringLiteral("krolle"), QStringLiteral("import-images") }, { QStringLiteral("folder"), dir },
+        Console::outJson({ { QStringLiteral("krolle"), QStringLiteral("import-images") },
+            { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("folder"), dir },
             { QStringLiteral("out"), out }, { QStringLiteral("counts"), summary.json() },
             { QStringLiteral("images"), folder.drawings.size() }, { QStringLiteral("field"), field },
             { QStringLiteral("copied"), !link }, { QStringLiteral("imageFolder"), images },
             { QStringLiteral("skipped"), QJsonArray::fromStringList(folder.skipped) } });
         return ExitStatus::Success;
     }
-    Console::out(QStringLiteral("wrote %1: %2\n%3 %4 images in %5, field \"%6\"\n")
+    Console::out(QStringLiteral("wrote %1: %2\n%3 %4 images %5, field \"%6\"\n")
                      .arg(out, summary.text(), link ? QStringLiteral("linked") : QStringLiteral("copied"))
                      .arg(folder.drawings.size())
-                     .arg(images, field));
+                     .arg((link ? QStringLiteral("in ") : QStringLiteral("to ")) + images, field));
     return ExitStatus::Success;
 }

@@ -18,6 +18,7 @@
 namespace {
 
 const unsigned kDefaultFps = 24;
+const int kSchemaVersion = 1;
 const int kMostCells = 12;
 
 void readLayout(const ArgumentValues& arguments, PrintSettings& settings)
@@ -118,7 +119,8 @@ ExitStatus PdfCommand::run(const ArgumentValues& arguments)
         throw ToolError::file(QStringLiteral("cannot write %1: %2").arg(out, file.errorString()));
 
     if (arguments.isSet(QStringLiteral("--json"))) {
-        Console::outJson({ { QStringLiteral("krolle"), QStringLiteral("pdf") }, { QStringLiteral("file"), document.path() },
+        Console::outJson({ { QStringLiteral("krolle"), QStringLiteral("pdf") },
+            { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
             { QStringLiteral("out"), out }, { QStringLiteral("pages"), int(printer.pageCount()) },
             { QStringLiteral("panels"), int(printer.panelCount()) }, { QStringLiteral("leftOut"), int(printer.leftOut()) },
             { QStringLiteral("layout"), QStringLiteral("%1x%2").arg(settings.columns).arg(settings.rows) },
