@@ -10,7 +10,8 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
 
-# measure LABEL COMMAND...: one row, "LABEL  seconds  MB".
+# measure LABEL COMMAND...: one row, "LABEL  wall seconds  CPU seconds (user + system)  peak MB".
+# On a shared machine the wall time waits for the processor; the CPU time does not.
 measure() {
     local label=$1
     shift
@@ -18,9 +19,12 @@ measure() {
     start=$(date +%s%N)
     /usr/bin/time -v -o time.txt "$@" >/dev/null
     end=$(date +%s%N)
-    local kb
+    local kb user sys
     kb=$(sed -n 's/.*Maximum resident set size (kbytes): //p' time.txt)
-    printf '%-44s %8.2f s %8.1f MB\n' "$label" "$(echo "($end - $start) / 1000000000" | bc -l)" "$(echo "$kb / 1024" | bc -l)"
+    user=$(sed -n 's/.*User time (seconds): //p' time.txt)
+    sys=$(sed -n 's/.*System time (seconds): //p' time.txt)
+    printf '%-44s %8.2f s wall %8.2f s CPU %8.1f MB\n' "$label" "$(echo "($end - $start) / 1000000000" | bc -l)" \
+        "$(echo "$user + $sys" | bc -l)" "$(echo "$kb / 1024" | bc -l)"
 }
 
 for panels in 2000 20000; do
