@@ -92,6 +92,9 @@ TEST_F(PrintedBoard, ImagesComeInNaturalOrderAndGroupByName)
     EXPECT_EQ(rows("grouped.xml"),
         QStringList({ "sq020,sh010,1,grouped_images/sq020_sh010-1.jpg", "sq020,sh010,2,grouped_images/SQ020_SH010_p2.png",
             "sq020,sh010,3,grouped_images/SQ020_SH010_p10.png", "sq020,SH020,1,grouped_images/SQ020_SH020_p1.png" }));
+    ok({ "import-images", "in", "--out", "sequences.xml", "--group", "sequence" });
+    EXPECT_EQ(rows("sequences.xml").mid(2), QStringList({ "sq020,3,1,sequences_images/SQ020_SH010_p10.png",
+                                                "sq020,4,1,sequences_images/SQ020_SH020_p1.png" }));
     ok({ "import-images", "in", "--out", "linked.xml", "--link" });
     EXPECT_EQ(rows("linked.xml").mid(1, 2), QStringList({ ",2,1,in/SQ020_SH010_p2.png", ",3,1,in/SQ020_SH010_p10.png" }));
 
