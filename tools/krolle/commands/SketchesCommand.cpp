@@ -6,10 +6,12 @@
 
 #include <QDir>
 #include <QImageWriter>
+#include <QJsonArray>
 #include <QRegularExpression>
 
 namespace {
 
+const int kSchemaVersion = 1;
 const unsigned kMostSketches = 100000;
 const int kMostSide = 8192;
 
@@ -35,6 +37,7 @@ SketchesCommand::SketchesCommand()
     parser.addPositional(QStringLiteral("DIR"), QStringLiteral("folder to write them to (made when missing)"));
     parser.addOption(QStringLiteral("--count"), QStringLiteral("N"), QStringLiteral("how many (12)"));
     parser.addOption(QStringLiteral("--size"), QStringLiteral("WxH"), QStringLiteral("pixels of each (640x360)"));
+    parser.addFlag(QStringLiteral("--json"), QStringLiteral("report the files written as JSON"));
     parser.setEpilogue(QStringLiteral(
         "PNG files named as shots of two to four panels (SH010_p1.png, SH010_p2.png, SH020_p1.png...),\n"
         "each with simple shapes and its number; the same options always give the same files.\n"
@@ -50,13 +53,22 @@ ExitStatus SketchesCommand::run(const ArgumentValues& arguments)
     if (!QDir().mkpath(dir))
         throw ToolError::file(QStringLiteral("cannot make the folder %1").arg(dir));
     ProgressBar progress(QStringLiteral("drawing"), count);
+    QJsonArray files;
     for (unsigned number = 1; number <= count; ++number) {
         const QString path = QDir(dir).filePath(SampleSketch::fileName(number));
+        files.append(path);
         QImageWriter writer(path, "png");
         if (!writer.write(SampleSketch::draw(number, size)))
             throw ToolError::file(QStringLiteral("cannot write %1: %2").arg(path, writer.errorString()));
         progress.advance();
     }
-    Console::out(QStringLiteral("wrote %1 sketches of %2x%3 to %4\n").arg(count).arg(size.width()).arg(size.height()).arg(dir));
+    const QString pixels = QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+    if (arguments.isSet(QStringLiteral("--json"))) {
+        Console::outJson({ { QStringLiteral("krolle"), QStringLiteral("sketches") },
+            { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("folder"), dir },
+            { QStringLiteral("size"), pixels }, { QStringLiteral("files"), files } });
+        return ExitStatus::Success;
+    }
+    Console::out(QStringLiteral("wrote %1 sketches of %2 to %3\n").arg(count).arg(pixels, dir));
     return ExitStatus::Success;
 }
