@@ -38,7 +38,8 @@ DrawingFolder DrawingFolder::read(const QString& folder)
     const QDir dir(folder);
     if (!info.isReadable() || !dir.isReadable())
         throw ToolError::file(QStringLiteral("cannot read %1: the folder cannot be listed").arg(folder));
-    QStringList names = dir.entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot, QDir::NoSort);
+    // Hidden files (a desktop's folder settings, an editor's backups) are no drawings.
+    QStringList names = dir.entryList(QDir::Files | QDir::NoDotAndDotDot, QDir::NoSort);
     std::sort(names.begin(), names.end(), &NaturalOrder::less);
     DrawingFolder result;
     for (const QString& name : names) {

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QVector>
 
-// The image files of one folder (its subfolders are not entered), in natural
+// The image files of one folder (not its subfolders, nor its hidden files), in natural
 // order of their names (NaturalOrder). A file is taken when Qt recognises an
 // image format by its content and can read its size from the header; the
 // pixels themselves are not decoded here, so listing a folder of large images
