@@ -29,6 +29,11 @@ build: configure
 demo: build
 	@echo "== krolle demo =="
 	@$(BUILD)/tools/krolle demo
+	@echo "== printed demo board: 40 sample drawings, their board, its pages =="
+	@$(BUILD)/tools/krolle sketches $(BUILD)/demo-board/drawings --count 40 >/dev/null
+	@$(BUILD)/tools/krolle import-images $(BUILD)/demo-board/drawings --out $(BUILD)/demo-board/board.xml --group shot --force
+	@$(BUILD)/tools/krolle pdf $(BUILD)/demo-board/board.xml --out $(BUILD)/demo-board/board.pdf --landscape
+	@echo "printed demo board: $(abspath $(BUILD)/demo-board/board.pdf)"
 
 test: setup test-plain test-asan
 

@@ -4,6 +4,8 @@
 set -euo pipefail
 
 PACKAGES=(cmake ninja-build g++ make qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev)
+# Printed boards: the font the pages embed, and the PDF readers the tests check them with.
+PACKAGES+=(fonts-dejavu-core poppler-utils)
 
 missing=()
 for pkg in "${PACKAGES[@]}"; do

@@ -65,6 +65,18 @@ QJsonObject InfoFieldText::panelValues(const KRC_KrolleProject& view, const Krol
     return values;
 }
 
+QString InfoFieldText::imageKey(const Krolle::Panel_t& panel)
+{
+    const KRC_InfoFieldList* fields = panel.infoFieldList();
+    if (!fields)
+        return QString();
+    for (const UT_SharedPtr<KRC_InfoField>& field : *fields) {
+        if (field && field->isImage() && !field->value().isEmpty())
+            return field->value();
+    }
+    return QString();
+}
+
 KRC_InfoField* InfoFieldText::valueOf(KRC_InfoFieldList& list, const KRC_InfoFieldDescList& descs, const KRC_InfoFieldDesc& desc)
 {
     if (!list.contain(desc.id())) {

@@ -36,6 +36,9 @@ public:
     // A panel's values of those columns (of every panel field with `hiddenToo`), by name, as plain text.
     static QJsonObject panelValues(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, bool hiddenToo = false);
 
+    // The key of the panel's first image field that has one, or a null string: its picture.
+    static QString imageKey(const Krolle::Panel_t& panel);
+
     // The list's value of a definition, made at its place among the definitions when missing.
     static KRC_InfoField* valueOf(KRC_InfoFieldList& list, const KRC_InfoFieldDescList& descs, const KRC_InfoFieldDesc& desc);
 

@@ -22,6 +22,10 @@
 #include "commands/RulesCommand.h"
 #include "commands/SetCommand.h"
 #include "commands/TrackCommand.h"
+// Image boards and printed pages.
+#include "commands/ImportImagesCommand.h"
+#include "commands/PdfCommand.h"
+#include "commands/SketchesCommand.h"
 
 #include <new>
 
@@ -58,6 +62,10 @@ KrolleTool::KrolleTool()
     // Change tracking.
     m_commands.emplace_back(new TrackCommand);
     m_commands.emplace_back(new ChangesCommand);
+    // Image boards and printed pages.
+    m_commands.emplace_back(new ImportImagesCommand);
+    m_commands.emplace_back(new PdfCommand);
+    m_commands.emplace_back(new SketchesCommand);
 }
 
 KrolleTool::~KrolleTool() = default;

@@ -167,17 +167,9 @@ private:
         }
     }
 
-    // The key of the panel's first image field that has one.
     QString imageOf(const Krolle::Panel_t& panel) const
     {
-        const KRC_InfoFieldList* fields = m_fields ? panel.infoFieldList() : nullptr;
-        if (!fields)
-            return QString();
-        for (const UT_SharedPtr<KRC_InfoField>& field : *fields) {
-            if (field && field->isImage() && !field->value().isEmpty())
-                return field->value();
-        }
-        return QString();
+        return m_fields ? InfoFieldText::imageKey(panel) : QString();
     }
 
     // A panel's facts, with its field values (plain text) where the project has fields.
