@@ -1,5 +1,5 @@
-// Shared by the node tests of the engine stand-in: a project with one empty scene,
-// a recorder of what the change manager delivers, and a visitor that lists a walk.
+// Shared by the node tests of the engine stand-in: a project with one empty scene
+// whose change manager is recorded, and a visitor that lists a walk.
 #pragma once
 
 #include "host/engine/HostAuthoring.h"
@@ -7,12 +7,11 @@
 #include "host/engine/SC_Project.h"
 #include "host/engine/TUScene.h"
 #include "host/engine/TUSceneChangeManager.h"
+#include "support/EngineFixtures.h"
 
 #include <QStringList>
 
 #include <gtest/gtest.h>
-
-#include <map>
 
 namespace Author = HostNodeAuthoring;
 
@@ -29,63 +28,6 @@ public:
     void visit(MO_Module& module) override { names << module.instanceName(); }
 
     QStringList names;
-};
-
-/// Records the deliveries of a change manager: for each signal, the names of the
-/// nodes or timed values it carried ("<gone>" for a node that is no more).
-class NodeChangeLog
-{
-public:
-    explicit NodeChangeLog(TUSceneChangeManager& manager)
-    {
-        using M = TUSceneChangeManager;
-        nodeSignal(manager, &M::networkChanged, "network");
-        nodeSignal(manager, &M::subNetworkChanged, "subNetwork");
-        nodeSignal(manager, &M::childrenOrderingChanged, "ordering");
-        nodeSignal(manager, &M::nodeLinksChanged, "links");
-        nodeSignal(manager, &M::nodesChanged, "nodes");
-        nodeSignal(manager, &M::nodeInstanceNamesChanged, "names");
-        valueSignal(manager, &M::timedValuesAdded, "valuesAdded");
-        valueSignal(manager, &M::timedValuesRemoved, "valuesRemoved");
-        valueSignal(manager, &M::timedValuesChanged, "valuesChanged");
-        QObject::connect(&manager, &M::nodeChangeApplied, [this](MO_Node* node) { append("applied", node); });
-        QObject::connect(&manager, &M::selectionChanged, [this] { ++selectionChanges; });
-    }
-
-    /// All deliveries, "kind: a b c" per signal with the names sorted, by kind.
-    QStringList lines() const
-    {
-        QStringList result;
-        for (auto entry : byKind) {
-            entry.second.sort();
-            result << entry.first + ": " + entry.second.join(' ');
-        }
-        return result;
-    }
-
-    std::map<QString, QStringList> byKind;
-    int selectionChanges = 0;
-
-private:
-    void append(QString const& kind, MO_Node const* node)
-    {
-        byKind[kind] << (node ? node->instanceName() : QStringLiteral("<gone>"));
-    }
-
-    template <class Signal> void nodeSignal(TUSceneChangeManager& manager, Signal signal, char const* kind)
-    {
-        QObject::connect(&manager, signal, [this, kind](TUNodeSet const& nodes) {
-            for (UT_SharedWeakPtr<MO_Node> const& node : nodes)
-                append(kind, node.get());
-        });
-    }
-    template <class Signal> void valueSignal(TUSceneChangeManager& manager, Signal signal, char const* kind)
-    {
-        QObject::connect(&manager, signal, [this, kind](TUTvSet const& values) {
-            for (TUTimedValue* value : values)
-                byKind[kind] << value->name();
-        });
-    }
 };
 
 /// A project with an empty scene "panel", posting to `manager`. Nothing is pending
@@ -112,19 +54,18 @@ public:
         return collector.names;
     }
 
-    /// Delivers what is pending and answers what went out.
+    /// Delivers what is pending and answers the names that went out, by signal.
     QStringList deliver()
     {
-        log.byKind.clear();
-        log.selectionChanges = 0;
+        log.take();
         manager.notify();
-        return log.lines();
+        return log.nameLines();
     }
 
     TUSceneChangeManager manager;
     UT_SharedPtr<SC_Project> project;
     TUScene* scene;
-    NodeChangeLog log { manager };
+    EngineChangeRecorder log { manager };
 };
 
 class NodesTest : public ::testing::Test, public NodeBench

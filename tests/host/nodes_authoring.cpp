@@ -61,29 +61,34 @@ TEST_F(NodesAuthoringTest, EachEditPostsItsSetsAtNotify)
 {
     using T = SampleNetwork;
     const std::vector<std::tuple<const char*, std::function<bool(T&)>, QStringList>> cases {
-        { "rename", [](T& t) { return Author::rename(t.A, "B"); }, { "names: B" } },
-        { "relink", [](T& t) { return Author::setParent(t.A, t.Q); }, { "links: A P Q" } },
-        { "unlink", [](T& t) { return Author::setParent(t.A, nullptr); }, { "links: A P" } },
-        { "reorder", [](T& t) { return Author::moveNode(t.A, t.root(), 0); }, { "ordering: Top" } },
+        { "rename", [](T& t) { return Author::rename(t.A, "B"); }, { "nodeInstanceNamesChanged: B" } },
+        { "relink", [](T& t) { return Author::setParent(t.A, t.Q); }, { "nodeLinksChanged: A P Q" } },
+        { "unlink", [](T& t) { return Author::setParent(t.A, nullptr); }, { "nodeLinksChanged: A P" } },
+        { "reorder", [](T& t) { return Author::moveNode(t.A, t.root(), 0); },
+            { "childrenOrderingChanged: Top" } },
         { "move to group", [](T& t) { return Author::moveNode(t.A, t.G); },
-            { "network: A", "subNetwork: G" } },
+            { "networkChanged: A", "subNetworkChanged: G" } },
         { "remove parent", [](T& t) { return Author::removeNode(t.P); },
-            { "links: A", "network: Top" } },
+            { "networkChanged: Top", "nodeLinksChanged: A" } },
         { "remove element", [](T& t) { return Author::removeNode(t.A); },
-            { "network: Top", "valuesRemoved: A" } },
-        { "lock", [](T& t) { return Author::setLocked(t.A, true); }, { "applied: A", "nodes: A" } },
-        { "disable", [](T& t) { return Author::setEnabled(t.Q, false); }, { "applied: Q", "nodes: Q" } },
-        { "opacity", [](T& t) { return Author::setOpacity(t.A, 50.0); }, { "applied: A", "nodes: A" } },
+            { "networkChanged: Top", "timedValuesRemoved: A" } },
+        { "lock", [](T& t) { return Author::setLocked(t.A, true); },
+            { "nodeChangeApplied: A", "nodesChanged: A" } },
+        { "disable", [](T& t) { return Author::setEnabled(t.Q, false); },
+            { "nodeChangeApplied: Q", "nodesChanged: Q" } },
+        { "opacity", [](T& t) { return Author::setOpacity(t.A, 50.0); },
+            { "nodeChangeApplied: A", "nodesChanged: A" } },
         { "alignment", [](T& t) { return Author::setCameraAlignment(t.P, CameraAlignment_PinToCamera); },
-            { "applied: P", "nodes: P" } },
+            { "nodeChangeApplied: P", "nodesChanged: P" } },
         { "add drawing", [](T& t) { return Author::addDrawing(t.A, "/p/A-2.kvg") == 2; },
-            { "valuesChanged: A" } },
-        { "expose", [](T& t) { return Author::setExposure(t.A, 1, 5, t.drawing); }, { "valuesChanged: A" } },
+            { "timedValuesChanged: A" } },
+        { "expose", [](T& t) { return Author::setExposure(t.A, 1, 5, t.drawing); },
+            { "timedValuesChanged: A" } },
         { "add linked peg", [](T& t) { return Author::addPeg(t.G, "R", t.P) != nullptr; },
-            { "links: P R", "network: R", "subNetwork: G" } },
+            { "networkChanged: R", "nodeLinksChanged: P R", "subNetworkChanged: G" } },
         { "add element",
             [](T& t) { return Author::addElement(t.root(), "E", CA_DrawingKind::Bitmap) != nullptr; },
-            { "network: E", "valuesAdded: E" } },
+            { "networkChanged: E", "timedValuesAdded: E" } },
         // Edits that change nothing are accepted and post nothing.
         { "same name", [](T& t) { return Author::rename(t.A, "A"); }, {} },
         { "same parent", [](T& t) { return Author::setParent(t.A, t.P); }, {} },
@@ -94,7 +99,7 @@ TEST_F(NodesAuthoringTest, EachEditPostsItsSetsAtNotify)
     for (auto const& c : cases) {
         SampleNetwork bench;
         ASSERT_TRUE(std::get<1>(c)(bench)) << std::get<0>(c);
-        EXPECT_THAT(bench.log.lines(), IsEmpty()) << std::get<0>(c) << ": delivered before notify";
+        EXPECT_THAT(bench.log.lines, IsEmpty()) << std::get<0>(c) << ": delivered before notify";
         EXPECT_EQ(std::get<2>(c), bench.deliver()) << std::get<0>(c);
     }
 }

@@ -15,12 +15,6 @@ namespace {
 
 QString const kHtmlMark = QStringLiteral("<html>");
 
-template <class T> T* readBack(QString const& inner, std::unique_ptr<PIO_Metadatas>& holder)
-{
-    holder = metatest::readDocument(metatest::entryDocument(T::kPIO_KRMETA_Keyword, QString(), inner));
-    return metatest::first<T>(holder.get());
-}
-
 TEST(InfoFieldRecords, FactoryMakesEveryRecordAndEmptyOnesLeaveNoTrace)
 {
     KRC_MetadataFactory::createInstance();
@@ -49,7 +43,8 @@ TEST(InfoFieldRecords, DefinitionsComeBackWithoutTheirSize)
     descs.add(1, 0, QStringLiteral("Notes"), KRC_InfoFieldDesc::kMinimum);
     QByteArray written;
     auto metas = metatest::roundTrip(descs, &written);
-    EXPECT_TRUE(written.contains(R"(<field id="3" name="Sketch" type="IMAGE" comment="true" size="MAXIMUM"/>)"))
+    EXPECT_TRUE(
+        written.contains(R"(<field id="3" name="Sketch" type="IMAGE" comment="true" size="MAXIMUM"/>)"))
         << written.constData();
     KRC_ProjectInfoFieldDescList* read = metatest::first<KRC_ProjectInfoFieldDescList>(metas.get());
     ASSERT_TRUE(read);
@@ -59,8 +54,9 @@ TEST(InfoFieldRecords, DefinitionsComeBackWithoutTheirSize)
     EXPECT_EQ(read->front().type(), 18);
 
     std::unique_ptr<PIO_Metadatas> holder;
-    auto* dropped = readBack<KRC_PanelInfoFieldDescList>(
-        R"(<scenePanelInfoFieldList><field id="x" name="a"/><field id="2" name="b"/></scenePanelInfoFieldList>)", holder);
+    auto* dropped = metatest::readRecord<KRC_PanelInfoFieldDescList>(
+        R"(<scenePanelInfoFieldList><field id="x" name="a"/><field id="2" name="b"/></scenePanelInfoFieldList>)",
+        holder);
     ASSERT_TRUE(dropped);
     EXPECT_EQ(idsOf(*dropped), (Ids { 2 })); // no integer id, no definition
 }
@@ -68,7 +64,7 @@ TEST(InfoFieldRecords, DefinitionsComeBackWithoutTheirSize)
 TEST(InfoFieldRecords, ExtraAndHiddenLists)
 {
     std::unique_ptr<PIO_Metadatas> holder;
-    auto* extras = readBack<KRC_ExtraInfoFieldDescList>(
+    auto* extras = metatest::readRecord<KRC_ExtraInfoFieldDescList>(
         R"(<extraInfoFieldList><field name="a" type="IMAGE" comment="true" position="4"/><field name="b"/>)"
         R"(</extraInfoFieldList>)",
         holder);
@@ -80,7 +76,7 @@ TEST(InfoFieldRecords, ExtraAndHiddenLists)
     EXPECT_TRUE(written.contains(R"(<field name="a" type="IMAGE" comment="true" position="4"/>)"));
     EXPECT_TRUE(written.contains(R"(<field name="b" position="-1"/>)"));
 
-    auto* hidden = readBack<KRC_HiddenInfoFieldList>(
+    auto* hidden = metatest::readRecord<KRC_HiddenInfoFieldList>(
         R"(<hiddenInfoField><field name="b"/><field name="a"/><field name="b"/></hiddenInfoField>)", holder);
     ASSERT_TRUE(hidden);
     EXPECT_EQ(std::vector<QString>(hidden->begin(), hidden->end()),
@@ -107,9 +103,10 @@ TEST(InfoFieldRecords, ValuesAreWrittenCleanAndReadAsRichText)
     EXPECT_EQ(read->getInfoField(-1)->value(), QStringLiteral("img/1.png")); // an image key stays
 
     std::unique_ptr<PIO_Metadatas> holder;
-    auto* plain = readBack<KRC_InfoFieldList>(R"(<infoFields><field id="2147483647" value="abc"/>)"
-                                              R"(<field id="1" type="TEXT" comment="true" value="abc"/>)"
-                                              R"(<field id="2" value="&lt;b&gt;x&lt;/b&gt;"/><field id="?"/></infoFields>)",
+    auto* plain = metatest::readRecord<KRC_InfoFieldList>(
+        R"(<infoFields><field id="2147483647" value="abc"/>)"
+        R"(<field id="1" type="TEXT" comment="true" value="abc"/>)"
+        R"(<field id="2" value="&lt;b&gt;x&lt;/b&gt;"/><field id="?"/></infoFields>)",
         holder);
     ASSERT_TRUE(plain);
     EXPECT_EQ(idsOf(*plain), (Ids { -1, 1, 2 })); // INT_MAX asks for a new id; "?" is dropped
@@ -121,13 +118,15 @@ TEST(InfoFieldRecords, ValuesAreWrittenCleanAndReadAsRichText)
 // Whatever the text, the read value is exactly what a text document makes of it.
 TEST(InfoFieldRecords, ReadRichTextIsTheDocumentsOwn)
 {
-    for (char const* plain : { "a", "a\n\nb", "\nx\n", " two  spaces\t<&>\"' ", "caf\xc3\xa9 \xe2\x82\xac" }) {
+    for (char const* plain :
+        { "a", "a\n\nb", "\nx\n", " two  spaces\t<&>\"' ", "caf\xc3\xa9 \xe2\x82\xac" }) {
         KRC_InfoFieldList list;
         list.insertInfoField(1, 0, QString::fromUtf8(plain), INT_MAX);
         auto metas = metatest::roundTrip(list);
         QTextDocument document;
         document.setPlainText(QString::fromUtf8(plain));
-        EXPECT_EQ(metatest::first<KRC_InfoFieldList>(metas.get())->front()->value(), document.toHtml(QByteArray()))
+        EXPECT_EQ(
+            metatest::first<KRC_InfoFieldList>(metas.get())->front()->value(), document.toHtml(QByteArray()))
             << plain;
     }
 }

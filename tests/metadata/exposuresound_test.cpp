@@ -1,10 +1,8 @@
 // The panel's exposure points and sound annotations: the frame arithmetic, the primary
-// and id rules, and both records kept across a save and a reload of the project file.
-#include "host/engine/HostProjectFile.h"
+// and id rules, and what their readers skip.
 #include "metadata/KRC_ExposurePoints.h"
 #include "metadata/KRC_SoundAnnotation.h"
 #include "metadata_test_support.h"
-#include "support/ProjectBoard.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +20,8 @@ TEST(ExposurePoints, FramesKeepSinglePrecision)
     const Case cases[] = { { 1, 0.9f, 1 }, { 10, 0.0f, 1 }, { 10, 1.0f, 10 }, { 10, 0.5f, 6 },
         { 100, 0.25f, 26 }, { 10000001, 0.999f, 9990002 } };
     for (const Case& c : cases)
-        EXPECT_EQ(c.frame, KRC_ExposurePoints::getExposureFrame(c.length, c.point)) << c.length << " " << c.point;
+        EXPECT_EQ(c.frame, KRC_ExposurePoints::getExposureFrame(c.length, c.point))
+            << c.length << " " << c.point;
 }
 
 TEST(ExposurePoints, OnlyTheFirstPointBecomesPrimary)
@@ -60,46 +59,21 @@ TEST(SoundAnnotation, IdsCountDeletedEntries)
 
 TEST(PanelRecordReaders, SkipWhatDoesNotParseAndKeepTheLastOfAnId)
 {
-    const auto sounds = metatest::readDocument(metatest::entryDocument(QStringLiteral("soundAnnotation"),
-        QString(), QStringLiteral("<soundAnnotation><soundFile id=\"x\" path=\"a\"/><soundFile id=\"5\" path=\"b\"/>"
-                                  "<soundFile id=\"5\" path=\"c\"/></soundAnnotation>")));
-    KRC_SoundAnnotation* sound = metatest::first<KRC_SoundAnnotation>(sounds.get());
+    std::unique_ptr<PIO_Metadatas> sounds, points;
+    KRC_SoundAnnotation* sound = metatest::readRecord<KRC_SoundAnnotation>(
+        QStringLiteral("<soundAnnotation><soundFile id=\"x\" path=\"a\"/><soundFile id=\"5\" path=\"b\"/>"
+                       "<soundFile id=\"5\" path=\"c\"/></soundAnnotation>"),
+        sounds);
     ASSERT_TRUE(sound);
     EXPECT_EQ(1u, sound->count());
     EXPECT_EQ(QStringLiteral("c"), sound->filePath(5));
-    const auto points = metatest::readDocument(metatest::entryDocument(QStringLiteral("exposurePoints"), QString(),
-        QStringLiteral("<exposurePoints primaryExposure=\"?\"><pt value=\"0.5\"/><pt value=\"\"/></exposurePoints>")));
-    KRC_ExposurePoints* point = metatest::first<KRC_ExposurePoints>(points.get());
+    KRC_ExposurePoints* point = metatest::readRecord<KRC_ExposurePoints>(
+        QStringLiteral(
+            "<exposurePoints primaryExposure=\"?\"><pt value=\"0.5\"/><pt value=\"\"/></exposurePoints>"),
+        points);
     ASSERT_TRUE(point);
     EXPECT_EQ(KRC_ExposurePoints::ExposureList { 0.5f }, point->exposureList());
     EXPECT_FALSE(point->isPrimaryExposurePoint(0.5f));
-}
-
-TEST(PanelRecords, ExposureAndSoundSurviveASaveDeletedSoundsDoNot)
-{
-    ProjectBoard board(QStringLiteral("S[4,4] S[6]"));
-    const Krolle::Panel_t panel = board.panelAt(0, 1);
-    ASSERT_TRUE(panel.exposurePoints() && panel.soundAnnotation());
-    panel.exposurePoints()->insertExposurePoint(0.75f);
-    panel.exposurePoints()->insertExposurePoint(0.125f);
-    panel.exposurePoints()->removeExposurePoint(0.75f);
-    panel.soundAnnotation()->add(3, QStringLiteral("sfx/door.wav"));
-    panel.soundAnnotation()->add(QStringLiteral("sfx/steps.wav"));
-    panel.soundAnnotation()->markDeleted(3, true);
-
-    KRC_MetadataFactory::createInstance();
-    QString error;
-    UT_SharedPtr<SC_Project> loaded = HostProjectFile::fromXml(HostProjectFile::toXml(board.project()), &error);
-    ASSERT_TRUE(loaded) << error.toStdString();
-    KRC_KrolleProject view(loaded.get());
-    const Krolle::Panel_t reloaded = view.getPanelByID(board.panel(0, 1));
-    ASSERT_TRUE(reloaded.exposurePoints() && reloaded.soundAnnotation());
-    // The primary stays where the first insertion put it, though no longer a point.
-    EXPECT_TRUE(reloaded.exposurePoints()->isPrimaryExposurePoint(0.75f));
-    EXPECT_EQ(KRC_ExposurePoints::ExposureList { 0.125f }, reloaded.exposurePoints()->exposureList());
-    EXPECT_EQ(1u, reloaded.soundAnnotation()->count());
-    EXPECT_EQ(QStringLiteral("sfx/steps.wav"), reloaded.soundAnnotation()->filePath(4));
-    EXPECT_TRUE(reloaded.soundAnnotation()->filePath(3).isNull());
 }
 
 } // namespace

@@ -2,9 +2,11 @@
 // once per scene; the names the handles answer; the "internalSymbol" mark of getShotAt;
 // and the records kept across a save and a reload of the engine's project file.
 #include "host/engine/HostProjectFile.h"
+#include "metadata/KRC_ExposurePoints.h"
 #include "metadata/KRC_MetadataFactory.h"
 #include "metadata/KRC_PdfOptions.h"
 #include "metadata/KRC_ReferenceToolData.h"
+#include "metadata/KRC_SoundAnnotation.h"
 #include "metadata_test_support.h"
 #include "project/ObjectNameHelper.h"
 #include "properties/KRC_PropertiedObject.h"
@@ -169,7 +171,9 @@ TEST(HandleNames, CustomNamesStandAndAutoNamesComeFromTheHelper)
     EXPECT_EQ(QStringLiteral("0"), Shot_t::invalid.actName());
 }
 
-// The view makes the reference tool record and each panel its options record as well.
+// The view makes the reference tool record and each panel its options, exposure and
+// sound records as well. Deleted sounds are not saved; the primary exposure stays where
+// the first insertion put it, though no longer a point.
 TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
 {
     ProjectBoard board(QStringLiteral("S[4,4] T2 S[6]"));
@@ -189,6 +193,13 @@ TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
     EXPECT_TRUE(panel.symbol()->metadatas()->contains(panel.pdfOptions()));
     panel.pdfOptions()->pdfOptions().addProperty("panel_export_enabled", false);
     panel.pdfOptions()->pdfOptions().addPropertyFromRange("margin", 2.5, 0.0, 10.0);
+    ASSERT_TRUE(panel.exposurePoints() && panel.soundAnnotation());
+    panel.exposurePoints()->insertExposurePoint(0.75f);
+    panel.exposurePoints()->insertExposurePoint(0.125f);
+    panel.exposurePoints()->removeExposurePoint(0.75f);
+    panel.soundAnnotation()->add(3, QStringLiteral("sfx/door.wav"));
+    panel.soundAnnotation()->add(QStringLiteral("sfx/steps.wav"));
+    panel.soundAnnotation()->markDeleted(3, true);
 
     KRC_MetadataFactory::createInstance();
     QString error;
@@ -198,8 +209,8 @@ TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
     KRC_KrolleProject view(loaded.get());
     Shot_t const shot = view.getShotAt(1, previous);
     Panel_t const reloaded = view.getPanelAt(6, previous);
-    ASSERT_TRUE(
-        shot.sceneInfo() && reloaded.panelInfo() && reloaded.pdfOptions() && view.referenceToolData());
+    ASSERT_TRUE(shot.sceneInfo() && reloaded.panelInfo() && reloaded.pdfOptions() && view.referenceToolData()
+        && reloaded.exposurePoints() && reloaded.soundAnnotation());
     EXPECT_EQ(metatest::dumpOf(*scene), metatest::dumpOf(*shot.sceneInfo()));
     EXPECT_EQ(metatest::dumpOf(*panel.panelInfo()), metatest::dumpOf(*reloaded.panelInfo()));
     KRC_Property const* margin = reloaded.pdfOptions()->pdfOptions().getProperty("margin");
@@ -208,6 +219,11 @@ TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
     EXPECT_FALSE(reloaded.pdfOptions()->exportEnabled());
     EXPECT_TRUE(view.referenceToolData()->data() == tool->data());
     EXPECT_EQ(view.referenceToolData()->options(), 3);
+    EXPECT_TRUE(reloaded.exposurePoints()->isPrimaryExposurePoint(0.75f));
+    EXPECT_EQ(KRC_ExposurePoints::ExposureList { 0.125f }, reloaded.exposurePoints()->exposureList());
+    EXPECT_EQ(1u, reloaded.soundAnnotation()->count());
+    EXPECT_EQ(QStringLiteral("sfx/steps.wav"), reloaded.soundAnnotation()->filePath(4));
+    EXPECT_TRUE(reloaded.soundAnnotation()->filePath(3).isNull());
     // The view found the reloaded records rather than adding new ones.
     EXPECT_EQ(1, countIn<KRC_SceneInfo>(sceneOf(loaded.get(), board.shot(0))));
     EXPECT_EQ(1, countIn<KRC_PanelInfo>(sceneOf(loaded.get(), board.panel(0, 1))));

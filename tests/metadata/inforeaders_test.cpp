@@ -12,15 +12,10 @@ namespace {
 
 using metatest::dumpOf;
 using metatest::first;
+using metatest::readRecord;
 using metatest::setName;
 
 QString const defaultIdentity = QStringLiteral("creator=\"elsewhere\" version=\"1.0\"");
-
-std::unique_ptr<PIO_Metadatas> readEntry(
-    char const* type, QString const& inner, QString const& identity = defaultIdentity)
-{
-    return metatest::readDocument(metatest::entryDocument(QString::fromLatin1(type), identity, inner));
-}
 
 // Writing then reading gives the record back whole (a dump holds identity and every
 // field), and the element carries its attributes in the format's order.
@@ -70,8 +65,8 @@ TEST(InfoXml, SceneInfoStoresWhatItCanAndZeroForBadFlags)
         { "<sceneInfo name=\"C\" nameFlag=\"2\"><name value=\"D\"/></sceneInfo>", "C", 2, "", 0 },
     };
     for (auto const& [inner, name, nameFlag, sequenceName, sequenceNameFlag] : cases) {
-        auto metas = readEntry("sceneInfo", QString::fromLatin1(inner));
-        auto* info = first<KRC_SceneInfo>(metas.get());
+        std::unique_ptr<PIO_Metadatas> metas;
+        auto* info = readRecord<KRC_SceneInfo>(QString::fromLatin1(inner), metas, defaultIdentity);
         ASSERT_NE(nullptr, info) << inner;
         EXPECT_FALSE(info->name().value().isNull()) << inner;
         EXPECT_EQ(QString::fromLatin1(name), info->name().value()) << inner;
@@ -88,8 +83,8 @@ TEST(InfoXml, PanelInfoWithoutExportFlagStoresZero)
         { "<panelInfo name=\"P\" nameFlag=\"x\" exportFlag=\"13.5\"/>", 0, 0 },
         { "<panelInfo exportFlag=\"9\"/>", 9, 0 } };
     for (auto const& [inner, exportFlag, nameFlag] : cases) {
-        auto metas = readEntry("panelInfo", QString::fromLatin1(inner));
-        auto* info = first<KRC_PanelInfo>(metas.get());
+        std::unique_ptr<PIO_Metadatas> metas;
+        auto* info = readRecord<KRC_PanelInfo>(QString::fromLatin1(inner), metas, defaultIdentity);
         ASSERT_NE(nullptr, info) << inner;
         EXPECT_EQ(exportFlag, info->exportFlag()) << inner;
         EXPECT_EQ(nameFlag, info->name().flag()) << inner;
@@ -99,16 +94,17 @@ TEST(InfoXml, PanelInfoWithoutExportFlagStoresZero)
 TEST(InfoXml, TheRecordIsForgottenAtTheFirstEndOfElement)
 {
     // An unknown element first: its end already lets go of the record.
-    auto late = readEntry("sceneInfo", QStringLiteral("<other/><sceneInfo name=\"A\" nameFlag=\"0\"/>"));
-    auto* untouched = first<KRC_SceneInfo>(late.get());
+    std::unique_ptr<PIO_Metadatas> late, twice;
+    auto* untouched = readRecord<KRC_SceneInfo>(
+        QStringLiteral("<other/><sceneInfo name=\"A\" nameFlag=\"0\"/>"), late, defaultIdentity);
     ASSERT_NE(nullptr, untouched);
     EXPECT_TRUE(untouched->name().value().isNull());
     EXPECT_TRUE(untouched->name().isCustom());
 
     // A second element finds nothing to write to.
-    auto twice = readEntry(
-        "panelInfo", QStringLiteral("<panelInfo name=\"A\" exportFlag=\"1\"/><panelInfo name=\"B\"/>"));
-    auto* info = first<KRC_PanelInfo>(twice.get());
+    auto* info = readRecord<KRC_PanelInfo>(
+        QStringLiteral("<panelInfo name=\"A\" exportFlag=\"1\"/><panelInfo name=\"B\"/>"), twice,
+        defaultIdentity);
     ASSERT_NE(nullptr, info);
     EXPECT_EQ(QStringLiteral("A"), info->name().value());
     EXPECT_EQ(1, info->exportFlag());
@@ -116,10 +112,10 @@ TEST(InfoXml, TheRecordIsForgottenAtTheFirstEndOfElement)
 
 TEST(InfoXml, AVersionNeverHeardOfIsReadAllTheSame)
 {
-    auto metas
-        = readEntry("sceneInfo", QStringLiteral("<sceneInfo name=\"A\" nameFlag=\"2\" actName=\"X\"/>"),
-            QStringLiteral("name=\"kept\" creator=\"future\" version=\"42.7b\""));
-    auto* info = first<KRC_SceneInfo>(metas.get());
+    std::unique_ptr<PIO_Metadatas> metas;
+    auto* info
+        = readRecord<KRC_SceneInfo>(QStringLiteral("<sceneInfo name=\"A\" nameFlag=\"2\" actName=\"X\"/>"),
+            metas, QStringLiteral("name=\"kept\" creator=\"future\" version=\"42.7b\""));
     ASSERT_NE(nullptr, info);
     EXPECT_EQ(QStringLiteral("kept/future/42.7b/A/X"),
         QStringList({ info->metaName(), info->creator(), info->version(), info->name().value(),

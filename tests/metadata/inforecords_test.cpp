@@ -55,31 +55,14 @@ KRC_SceneInfo namedScene()
     return info;
 }
 
-// Clone, copy and assignment all give the source's identity and every field; a dump
-// holds both, so equal dumps mean equal records. A cloned scene record keeps the
-// source's flag 0 rather than the custom bit of a new one.
-template <class Record> void expectFaithfulCopies(Record const& source)
-{
-    std::unique_ptr<PIO_Metadata> cloned(source.clone());
-    ASSERT_TRUE(dynamic_cast<Record*>(cloned.get()));
-    Record copied(source);
-    Record assigned;
-    assigned = source;
-    for (PIO_Metadata const* copy : { static_cast<PIO_Metadata const*>(cloned.get()),
-             static_cast<PIO_Metadata const*>(&copied), static_cast<PIO_Metadata const*>(&assigned) })
-        EXPECT_EQ(dumpOf(source), dumpOf(*copy));
-    assigned.name().setValue(QStringLiteral("changed"));
-    copied.name().setFlag(1);
-    EXPECT_EQ(dumpOf(source), dumpOf(*cloned));
-}
-
+// A cloned scene record keeps the source's flag 0 rather than the custom bit of a new one.
 TEST(InfoRecords, CloneCopyAndAssignmentTakeIdentityAndEveryField)
 {
-    expectFaithfulCopies(namedScene());
+    metatest::expectFaithfulCopies(namedScene());
     KRC_PanelInfo panel(QStringLiteral("panel"), QStringLiteral("elsewhere"), QStringLiteral("0.9"));
     setName(panel.name(), "P1", 2);
     panel.setExportFlag(5);
-    expectFaithfulCopies(panel);
+    metatest::expectFaithfulCopies(panel);
 }
 
 TEST(InfoRecords, DumpItemsFollowTheBaseLineInXmlOrder)

@@ -18,13 +18,6 @@ QStringList namesOf(KRC_LayerInfos const& infos)
     return names;
 }
 
-KRC_LayerInfos* readLayers(QString const& inner, std::unique_ptr<PIO_Metadatas>& holder)
-{
-    holder = metatest::readDocument(metatest::entryDocument(
-        QStringLiteral("layerInfos"), QStringLiteral("creator=\"x\" version=\"1.0\""), inner));
-    return metatest::first<KRC_LayerInfos>(holder.get());
-}
-
 TEST(LayerInfos, ListKeepsOneEntryPerNameAndMovesReAddedNamesToTheEnd)
 {
     KRC_LayerInfos infos(QStringLiteral("n"));
@@ -69,7 +62,7 @@ TEST(LayerInfos, ReadingAppendsAsWrittenAndStopsAtABadFlag)
     };
     for (Case const& c : cases) {
         std::unique_ptr<PIO_Metadatas> holder;
-        KRC_LayerInfos* infos = readLayers(QString::fromLatin1(c.inner), holder);
+        KRC_LayerInfos* infos = metatest::readRecord<KRC_LayerInfos>(QString::fromLatin1(c.inner), holder);
         ASSERT_NE(infos, nullptr) << c.inner;
         EXPECT_EQ(namesOf(*infos), c.names) << c.inner;
         EXPECT_EQ(infos->isValid(), !c.names.isEmpty());
@@ -119,10 +112,9 @@ TEST(Tracking, ValidityReadingFallbacksAndRoundTrip)
     EXPECT_EQ(metatest::dumpOf(*clone), metatest::dumpOf(*back));
 
     // A flag that is no bool keeps the record's own; an empty date reads as null.
-    std::unique_ptr<PIO_Metadatas> odd = metatest::readDocument(
-        metatest::entryDocument(QStringLiteral("tracking"), QStringLiteral("creator=\"x\" version=\"1.0\""),
-            QStringLiteral("<tracking trackingFlag=\"maybe\" trackingDate=\"\" trackingNote=\"n\"/>")));
-    KRC_Tracking* oddOne = metatest::first<KRC_Tracking>(odd.get());
+    std::unique_ptr<PIO_Metadatas> odd;
+    KRC_Tracking* oddOne = metatest::readRecord<KRC_Tracking>(
+        QStringLiteral("<tracking trackingFlag=\"maybe\" trackingDate=\"\" trackingNote=\"n\"/>"), odd);
     ASSERT_NE(oddOne, nullptr);
     EXPECT_FALSE(oddOne->isTracked());
     EXPECT_TRUE(oddOne->trackingDate().isNull());

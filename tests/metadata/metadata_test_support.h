@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <gtest/gtest.h>
+
 #include <memory>
 
 namespace metatest {
@@ -37,6 +39,16 @@ template <class T> T* first(PIO_Metadatas* metas)
     return metas && !metas->isEmpty() ? dynamic_cast<T*>(*metas->begin()) : nullptr;
 }
 
+/// Reads one entry of T's type holding `inner` (identity attributes as for
+/// entryDocument) and answers its record, or null; `holder` keeps the collection.
+template <class T>
+T* readRecord(
+    QString const& inner, std::unique_ptr<PIO_Metadatas>& holder, QString const& identity = QString())
+{
+    holder = readDocument(entryDocument(T::kPIO_KRMETA_Keyword, identity, inner));
+    return first<T>(holder.get());
+}
+
 /// Sets a name field's text and flag at once.
 inline void setName(KRC_ObjectName& name, char const* value, int flag)
 {
@@ -50,6 +62,24 @@ inline QString dumpOf(PIO_Metadata const& record)
     QString out;
     record.dumpToString(out);
     return out;
+}
+
+/// Checks that clone, copy and assignment all give the source's identity and every
+/// field (a dump holds both, so equal dumps mean equal records), and that changing a
+/// copy leaves the clone alone.
+template <class Record> void expectFaithfulCopies(Record const& source)
+{
+    std::unique_ptr<PIO_Metadata> cloned(source.clone());
+    ASSERT_TRUE(dynamic_cast<Record*>(cloned.get()));
+    Record copied(source);
+    Record assigned;
+    assigned = source;
+    for (PIO_Metadata const* copy : { static_cast<PIO_Metadata const*>(cloned.get()),
+             static_cast<PIO_Metadata const*>(&copied), static_cast<PIO_Metadata const*>(&assigned) })
+        EXPECT_EQ(dumpOf(source), dumpOf(*copy));
+    copied = Record();
+    assigned = Record();
+    EXPECT_EQ(dumpOf(*cloned), dumpOf(source));
 }
 
 /// Writes `record` (a copy, which the temporary collection owns) and reads it back.

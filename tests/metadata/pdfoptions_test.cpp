@@ -36,21 +36,19 @@ void fill(KRC_PropertiedObject& options)
     options.addProperty("printed", QDateTime(QDate(2024, 2, 29), QTime(13, 45, 7)), "P", "p", false, false);
 }
 
-// An entry document whose one option holds the given blob.
-QByteArray optionDocument(int type, QByteArray const& blob, QString const& extra = QString())
+// The inner XML of an entry whose one option holds the given blob.
+QString optionXml(int type, QByteArray const& blob)
 {
-    return metatest::entryDocument("pdfOptions", "",
-        QStringLiteral(
-            "<pdfOptions><option name=\"o\" type=\"%1\"><value data=\"%2\"/>%3</option></pdfOptions>")
-            .arg(type)
-            .arg(QString::fromLatin1(blob.toBase64()), extra));
+    return QStringLiteral(
+        "<pdfOptions><option name=\"o\" type=\"%1\"><value data=\"%2\"/></option></pdfOptions>")
+        .arg(type)
+        .arg(QString::fromLatin1(blob.toBase64()));
 }
 
-KRC_PdfOptions* readOptions(QByteArray const& document, std::unique_ptr<PIO_Metadatas>& holder)
+KRC_PdfOptions* readOptions(QString const& inner, std::unique_ptr<PIO_Metadatas>& holder)
 {
     QtWarningCapture quiet;
-    holder = metatest::readDocument(document);
-    return metatest::first<KRC_PdfOptions>(holder.get());
+    return metatest::readRecord<KRC_PdfOptions>(inner, holder);
 }
 
 TEST(PdfOptions, OptionSetOperations)
@@ -95,7 +93,7 @@ TEST(PdfOptions, LegacyBlobsAndRefusedMarkedBlobsAreReadFromByteZeroInVersion6)
 {
     const KRC_Property legacy("o", QString("old"), nullptr);
     std::unique_ptr<PIO_Metadatas> holder;
-    KRC_PdfOptions* record = readOptions(optionDocument(0, PropertyBlobs::store(legacy, 6)), holder);
+    KRC_PdfOptions* record = readOptions(optionXml(0, PropertyBlobs::store(legacy, 6)), holder);
     ASSERT_TRUE(record);
     EXPECT_EQ(record->pdfOptions().getPropertyString("o", ""), QString("old"));
 
@@ -106,7 +104,7 @@ TEST(PdfOptions, LegacyBlobsAndRefusedMarkedBlobsAreReadFromByteZeroInVersion6)
         KRC_Property("o", 5, nullptr).store(out);
         out << QVariant(QVariantMap { { "a", QString("x") } }) << qint32(0) << qint32(0);
     });
-    record = readOptions(optionDocument(1, refused), holder);
+    record = readOptions(optionXml(1, refused), holder);
     ASSERT_TRUE(record);
     EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u);
 
@@ -115,7 +113,7 @@ TEST(PdfOptions, LegacyBlobsAndRefusedMarkedBlobsAreReadFromByteZeroInVersion6)
         out << quint32(0xb0b00000) << qint32(474);
         KRC_Property("o", 5, nullptr).store(out);
     });
-    record = readOptions(optionDocument(0, otherVersion), holder);
+    record = readOptions(optionXml(0, otherVersion), holder);
     ASSERT_TRUE(record);
     EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u);
 }
@@ -125,20 +123,20 @@ TEST(PdfOptions, DamagedOrUnknownOptionsAreDroppedAndTheOthersKept)
     const QByteArray good = PropertyBlobs::store(KRC_Property("o", 7, nullptr), 12, true);
     std::unique_ptr<PIO_Metadatas> holder;
     for (int cut = 0; cut < good.size(); ++cut) {
-        KRC_PdfOptions* record = readOptions(optionDocument(0, good.left(cut)), holder);
+        KRC_PdfOptions* record = readOptions(optionXml(0, good.left(cut)), holder);
         ASSERT_TRUE(record) << cut;
         EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u) << cut;
     }
-    const QByteArray mixed = metatest::entryDocument("pdfOptions", "",
-        QStringLiteral("<pdfOptions>"
-                       "<option name=\"a\" type=\"5\"><value data=\"%1\"/></option>"
-                       "<option name=\"b\" type=\"0\"><value data=\"not base64!\"/></option>"
-                       "<option name=\"c\" type=\"0\"/><value data=\"%1\"/>"
-                       "<option name=\"d\" type=\"x\"><value data=\"%1\"/><value data=\"%2\"/></option>"
-                       "</pdfOptions>")
-            .arg(QString::fromLatin1(good.toBase64()),
-                QString::fromLatin1(
-                    PropertyBlobs::store(KRC_Property("o", 9, nullptr), 12, true).toBase64())));
+    const QString mixed
+        = QStringLiteral("<pdfOptions>"
+                         "<option name=\"a\" type=\"5\"><value data=\"%1\"/></option>"
+                         "<option name=\"b\" type=\"0\"><value data=\"not base64!\"/></option>"
+                         "<option name=\"c\" type=\"0\"/><value data=\"%1\"/>"
+                         "<option name=\"d\" type=\"x\"><value data=\"%1\"/><value data=\"%2\"/></option>"
+                         "</pdfOptions>")
+              .arg(QString::fromLatin1(good.toBase64()),
+                  QString::fromLatin1(
+                      PropertyBlobs::store(KRC_Property("o", 9, nullptr), 12, true).toBase64()));
     KRC_PdfOptions* record = readOptions(mixed, holder);
     ASSERT_TRUE(record);
     // Only "d" (type text x reads as 0) keeps an option: its first value, under the blob's name.

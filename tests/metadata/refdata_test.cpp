@@ -17,10 +17,10 @@ QByteArray compact(QByteArray const& document)
     return QString::fromUtf8(document).replace(QRegularExpression(">\\s+<"), "><").toUtf8();
 }
 
-QByteArray document(QString const& children)
+KRC_ReferenceToolData* readTool(QString const& children, std::unique_ptr<PIO_Metadatas>& holder)
 {
-    return metatest::entryDocument(
-        "referenceToolData", "", QStringLiteral("<referenceToolData>%1</referenceToolData>").arg(children));
+    return metatest::readRecord<KRC_ReferenceToolData>(
+        QStringLiteral("<referenceToolData>%1</referenceToolData>").arg(children), holder);
 }
 
 KRC_ReferenceToolData sample()
@@ -75,8 +75,8 @@ TEST(ReferenceToolData, TheLastAttributeDecidesForItsElement)
         { "<options value=\"5\"/><options value=\"z\"/><other value=\"7\"/>", { 0, 0 }, 1, kDefault, 1, 5 },
     };
     for (auto const& [children, pos, scale, rgb, alpha, options] : cases) {
-        const auto metas = metatest::readDocument(document(QString::fromLatin1(children)));
-        const auto* data = metatest::first<KRC_ReferenceToolData>(metas.get());
+        std::unique_ptr<PIO_Metadatas> holder;
+        const auto* data = readTool(QString::fromLatin1(children), holder);
         ASSERT_TRUE(data) << children;
         EXPECT_EQ(data->pos(), pos) << children;
         EXPECT_EQ(data->scale(), scale) << children;
@@ -91,9 +91,9 @@ TEST(ReferenceToolData, ChannelsOutOfRangeGiveAnInvalidColourInSilence)
 {
     for (char const* channels : { "r=\"300\" g=\"2\" b=\"3\"", "r=\"1\" g=\"-1\" b=\"3\"" }) {
         QtWarningCapture warnings;
-        const auto metas = metatest::readDocument(
-            document(QStringLiteral("<color %1 a=\"0.5\"/>").arg(QString::fromLatin1(channels))));
-        const auto* data = metatest::first<KRC_ReferenceToolData>(metas.get());
+        std::unique_ptr<PIO_Metadatas> holder;
+        const auto* data
+            = readTool(QStringLiteral("<color %1 a=\"0.5\"/>").arg(QString::fromLatin1(channels)), holder);
         ASSERT_TRUE(data);
         EXPECT_FALSE(data->rgb().isValid()) << channels;
         EXPECT_EQ(data->alpha(), 0.5);
@@ -101,13 +101,10 @@ TEST(ReferenceToolData, ChannelsOutOfRangeGiveAnInvalidColourInSilence)
     }
 }
 
-TEST(ReferenceToolData, CloneTakesIdentityAndContentAndDumpListsThem)
+TEST(ReferenceToolData, CopiesTakeIdentityAndContentAndDumpListsThem)
 {
     const KRC_ReferenceToolData source = sample();
-    std::unique_ptr<PIO_Metadata> clone(source.clone());
-    auto* copy = dynamic_cast<KRC_ReferenceToolData*>(clone.get());
-    ASSERT_TRUE(copy);
-    EXPECT_EQ(metatest::dumpOf(*copy), metatest::dumpOf(source));
+    metatest::expectFaithfulCopies(source);
 
     QString base;
     source.PIO_Metadata::dumpToString(base);

@@ -28,7 +28,7 @@ void expectSteps(bool forward, std::initializer_list<Step> rows)
     }
 }
 
-TEST(NameStepping, Up)
+TEST(NameStepping, UpAndDown)
 {
     expectSteps(true,
         { { "", 0, "1" }, { "", 1, "A" }, { "", 4, "A" }, { "09", 0, "10" }, { "099", 0, "100" },
@@ -45,10 +45,7 @@ TEST(NameStepping, Up)
             { "99999999999", 0, "100000000000" },
             // A letter beyond Latin-1 reads as 0 and becomes U+0001.
             { "\xce\xa9", 0, "\x01" } });
-}
 
-TEST(NameStepping, Down)
-{
     expectSteps(false,
         { { "10", 0, "09" }, { "1", 0, "0" }, { "0", 0, "999" }, { "00", 0, "999" }, { "-3", 0, "999" },
             { "B", 1, "A" }, { "A", 1, "A_0" }, { "A", 0, "A_0" }, { "a", 1, "a_0" }, { "AA", 1, "Z" },

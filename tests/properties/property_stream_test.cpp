@@ -99,7 +99,7 @@ TEST(PropertyStream, EveryAcceptedValueTypeComesBack)
 
 TEST(PropertyStream, EveryAcceptedTypeReadsBackInEveryVersion)
 {
-    for (int version : { kLegacy, kCurrent, int(QDataStream::Qt_5_15) }) {
+    for (int version : { kLegacy, kCurrent, int(QDataStream::Qt_5_0), int(QDataStream::Qt_5_15) }) {
         for (int type = 1; type < QMetaType::User; ++type) {
             if (!QMetaType::isRegistered(type) || !KRC_PropertyStream::acceptsType(type, version))
                 continue;
@@ -123,7 +123,7 @@ TEST(PropertyStream, EveryAcceptedTypeReadsBackInEveryVersion)
 TEST(PropertyStream, EveryTypeTagIsMappedAsQtMapsIt)
 {
     QtWarningCapture capture;
-    for (int version : { kLegacy, kCurrent, int(QDataStream::Qt_5_15) }) {
+    for (int version : { kLegacy, kCurrent, int(QDataStream::Qt_5_0), int(QDataStream::Qt_5_15) }) {
         for (quint32 tag = 0; tag < 1100; ++tag) {
             const auto head = [&](QDataStream& out) {
                 out << tag;

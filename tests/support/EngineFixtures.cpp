@@ -80,6 +80,11 @@ QString setSize(size_t size)
     return QString::number(size);
 }
 
+QString nodeName(MO_Node const* node)
+{
+    return node ? node->instanceName() : QStringLiteral("<gone>");
+}
+
 } // namespace
 
 QString engineDump(SC_Project const* project)
@@ -111,50 +116,63 @@ EngineChangeRecorder::EngineChangeRecorder(TUSceneChangeManager& manager)
 {
     auto values = [this](TUTvSet* keep, char const* name) {
         return [this, keep, name](TUTvSet const& set) {
-            if (keep)
+            if (keep) {
                 *keep = set;
+                for (TUTimedValue* value : set)
+                    names[QLatin1String(name)] << value->name();
+            }
             lines << QStringLiteral("%1 %2").arg(QLatin1String(name), setSize(set.size()));
         };
     };
     auto nodes = [this](char const* name) {
         return [this, name](TUNodeSet const& set) {
+            for (UT_SharedWeakPtr<MO_Node> const& node : set)
+                names[QLatin1String(name)] << nodeName(node.get());
             lines << QStringLiteral("%1 %2").arg(QLatin1String(name), setSize(set.size()));
         };
     };
-    QObject::connect(&manager, &TUSceneChangeManager::sceneChanged, &m_context,
-        [this] { lines << QStringLiteral("sceneChanged"); });
-    QObject::connect(&manager, &TUSceneChangeManager::timedValuesAdded, &m_context,
-        values(&lastAdded, "timedValuesAdded"));
-    QObject::connect(&manager, &TUSceneChangeManager::timedValuesRemoved, &m_context,
-        values(&lastRemoved, "timedValuesRemoved"));
-    QObject::connect(&manager, &TUSceneChangeManager::timedValuesChanged, &m_context,
-        values(&lastChanged, "timedValuesChanged"));
-    QObject::connect(&manager, &TUSceneChangeManager::timedValueNamesChanged, &m_context,
-        values(nullptr, "timedValueNamesChanged"));
-    QObject::connect(&manager, &TUSceneChangeManager::networkChanged, &m_context, nodes("networkChanged"));
+    using M = TUSceneChangeManager;
     QObject::connect(
-        &manager, &TUSceneChangeManager::subNetworkChanged, &m_context, nodes("subNetworkChanged"));
-    QObject::connect(&manager, &TUSceneChangeManager::childrenOrderingChanged, &m_context,
-        nodes("childrenOrderingChanged"));
+        &manager, &M::sceneChanged, &m_context, [this] { lines << QStringLiteral("sceneChanged"); });
+    QObject::connect(&manager, &M::timedValuesAdded, &m_context, values(&lastAdded, "timedValuesAdded"));
     QObject::connect(
-        &manager, &TUSceneChangeManager::nodeLinksChanged, &m_context, nodes("nodeLinksChanged"));
-    QObject::connect(&manager, &TUSceneChangeManager::nodesChanged, &m_context, nodes("nodesChanged"));
-    QObject::connect(&manager, &TUSceneChangeManager::nodeInstanceNamesChanged, &m_context,
-        nodes("nodeInstanceNamesChanged"));
-    QObject::connect(&manager, &TUSceneChangeManager::nodeChangeApplied, &m_context,
-        [this](MO_Node*) { lines << QStringLiteral("nodeChangeApplied"); });
+        &manager, &M::timedValuesRemoved, &m_context, values(&lastRemoved, "timedValuesRemoved"));
     QObject::connect(
-        &manager, &TUSceneChangeManager::metadataChanged, &m_context, [this](TUMetadataSet const& set) {
-            lastMetadata = set;
-            lines << QStringLiteral("metadataChanged %1").arg(set.size());
-        });
-    QObject::connect(&manager, &TUSceneChangeManager::selectionChanged, &m_context,
-        [this] { lines << QStringLiteral("selectionChanged"); });
+        &manager, &M::timedValuesChanged, &m_context, values(&lastChanged, "timedValuesChanged"));
+    QObject::connect(
+        &manager, &M::timedValueNamesChanged, &m_context, values(nullptr, "timedValueNamesChanged"));
+    QObject::connect(&manager, &M::networkChanged, &m_context, nodes("networkChanged"));
+    QObject::connect(&manager, &M::subNetworkChanged, &m_context, nodes("subNetworkChanged"));
+    QObject::connect(&manager, &M::childrenOrderingChanged, &m_context, nodes("childrenOrderingChanged"));
+    QObject::connect(&manager, &M::nodeLinksChanged, &m_context, nodes("nodeLinksChanged"));
+    QObject::connect(&manager, &M::nodesChanged, &m_context, nodes("nodesChanged"));
+    QObject::connect(&manager, &M::nodeInstanceNamesChanged, &m_context, nodes("nodeInstanceNamesChanged"));
+    QObject::connect(&manager, &M::nodeChangeApplied, &m_context, [this](MO_Node* node) {
+        names[QStringLiteral("nodeChangeApplied")] << nodeName(node);
+        lines << QStringLiteral("nodeChangeApplied");
+    });
+    QObject::connect(&manager, &M::metadataChanged, &m_context, [this](TUMetadataSet const& set) {
+        lastMetadata = set;
+        lines << QStringLiteral("metadataChanged %1").arg(set.size());
+    });
+    QObject::connect(
+        &manager, &M::selectionChanged, &m_context, [this] { lines << QStringLiteral("selectionChanged"); });
 }
 
 QStringList EngineChangeRecorder::take()
 {
     QStringList result = lines;
     lines.clear();
+    names.clear();
+    return result;
+}
+
+QStringList EngineChangeRecorder::nameLines() const
+{
+    QStringList result;
+    for (auto entry : names) {
+        entry.second.sort();
+        result << entry.first + QStringLiteral(": ") + entry.second.join(QLatin1Char(' '));
+    }
     return result;
 }

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <map>
+
 class SC_Project;
 
 /// Every scene, block, warp, transition, camera key, record and node of a project as
@@ -19,20 +21,25 @@ QString engineDump(SC_Project const* project);
 HostStoryboard engineBoard(QString const& description, TUSceneChangeManager* manager = nullptr);
 
 /// Records the deliveries of a change manager, one line per signal in delivery
-/// order: "sceneChanged", "timedValuesChanged 2" (the size of the set), ...
+/// order: "sceneChanged", "timedValuesChanged 2" (the size of the set), ...; and by
+/// signal, the names of the nodes and timed values carried ("<gone>" for a node that
+/// is no more).
 class EngineChangeRecorder
 {
 public:
     explicit EngineChangeRecorder(TUSceneChangeManager& manager);
 
     QStringList lines;
+    std::map<QString, QStringList> names;
     TUTvSet lastChanged;
     TUTvSet lastAdded;
     TUTvSet lastRemoved;
     TUMetadataSet lastMetadata;
 
-    /// The lines so far, then forgets them.
+    /// The lines so far, then forgets them and the names.
     QStringList take();
+    /// The names as "signal: a b c", the names sorted, the signals in alphabetical order.
+    QStringList nameLines() const;
 
 private:
     // Ends the connections when the recorder goes, whatever the manager's life.
