@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include <memory>
 
 using namespace Krolle;
@@ -103,6 +105,9 @@ TEST(ShotFrames, ClampPastTheBlockWithoutAskingTheWarp)
     EXPECT_EQ(16u, shot.shotFrameToProjectFrame(10.4));
     EXPECT_EQ(5u, shot.prjFrameToTvFrame(1));
     EXPECT_EQ(24u, shot.prjFrameToTvFrame(20));
+    // Past the largest frame the sequence frame stays at the largest, not wrapped round.
+    EXPECT_EQ(
+        std::numeric_limits<unsigned>::max(), shot.prjFrameToTvFrame(std::numeric_limits<unsigned>::max()));
     EXPECT_EQ(20u, shot.objNumOfFrame());
 
     // Sequence frames below zero stay at zero.
