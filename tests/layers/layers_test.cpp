@@ -191,9 +191,12 @@ TEST_P(PanelLayers, DrawingsAreFoundOnceThenRememberedEvenPastTheirPanel)
     EXPECT_EQ(layers().getLayerDrawingFlag(hero), Manager::DrawingFlag_None);
     EXPECT_EQ(drawn.count(), 3);
 
-    // A drawing shown through a panel's image field is found by its file.
+    // A drawing shown through a panel's image field is found by its file; a text field
+    // that merely names the file, on a panel walked first, is no match.
     const int sketch = board->insertInfoField(true, KRC_InfoFieldDesc::kImage, "Sketch", INT_MAX, INT_MAX, false);
+    const int note = board->insertInfoField(true, KRC_InfoFieldDesc::kText, "Note", INT_MAX, INT_MAX, false);
     board.panelAt(1, 0).infoFieldList()->getInfoField(sketch)->setValue("boards/p1.png");
+    board.panelAt(0, 0).infoFieldList()->getInfoField(note)->setValue("boards/p1.png");
     const QString dir = board.project()->projectCommon()->dbSceneData()->projectDir();
     ca_celCache->reportDrawingModified(CA_CelKeyPath(dir + "/boards/p1.png", 1, false));
     ASSERT_EQ(found.count(), 4);
