@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <memory>
 
 using namespace Krolle;
@@ -63,6 +65,14 @@ void expectFrame(ProjectBoard const& board, FrameCase const& c)
     PanelTrans_t const either = board->getPanelTransAt(c.frame);
     EXPECT_EQ(c.transition >= 0, either.isTrans());
     EXPECT_EQ(c.transition >= 0 ? transId(board, c.transition) : panelId(board, c.prevPanel), either.id());
+    if (either.isValid()) { // the frames of whichever it holds
+        auto const frames = [](auto const& handle) {
+            return std::make_tuple(handle.firstFrame(), handle.lastFrame(), handle.objNumOfFrame());
+        };
+        EXPECT_EQ(
+            either.isTrans() ? frames(board->getTransAt(c.frame)) : frames(board->getPanelAt(c.frame, Prev)),
+            frames(either));
+    }
 }
 
 // Blocks of the board: T0 [1,2], S0 [1,10] with panels [1,5] [6,10], T1 [7,10],

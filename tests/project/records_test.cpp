@@ -2,6 +2,7 @@
 #include "support/ProjectBoard.h"
 #include "support/ScopedPreferences.h"
 
+#include "host/engine/HostNodeAuthoring.h"
 #include "metadata/KRC_SceneInfo.h"
 
 #include <gtest/gtest.h>
@@ -82,6 +83,17 @@ TEST(ProjectRecords, AViewWithoutAProjectHasEmptyValuesAndFindsNothing)
     EXPECT_EQ(0, view.startTime());
     EXPECT_FALSE(view.sequenceExists());
     EXPECT_EQ(1.4173228346456694, view.filmWidth());
+}
+
+TEST(ProjectRecords, TheTopScenesElementIsItsFirstTopLevelOne)
+{
+    ProjectBoard board("S[3]");
+    EXPECT_EQ(nullptr, board->topSceneElemModule());
+    TUGroup* root = board->topScene()->getRootGroup();
+    HostNodeAuthoring::addPeg(root, "Peg");
+    MO_ElementModule* first = HostNodeAuthoring::addElement(root, "Sound", CA_DrawingKind::Bitmap);
+    HostNodeAuthoring::addElement(root, "Other", CA_DrawingKind::Bitmap);
+    EXPECT_EQ(first, board->topSceneElemModule());
 }
 
 TEST(NamesAtFrames, AreTheStoredNamesCustomOrNot)
