@@ -65,7 +65,7 @@ DrawingsCommand::DrawingsCommand()
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
     parser.addOption(QStringLiteral("--panel"), QStringLiteral("SHOT/PANEL"),
-        QStringLiteral("only this panel, by the names of its shot and itself"), false);
+        QStringLiteral("only this panel, by names or #numbers of its shot and itself, or its id"), false);
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
     parser.setEpilogue(QStringLiteral(
         "A panel's drawing is the one each element shows at the panel's first frame; elements\n"

@@ -20,9 +20,9 @@ InsertCommand::InsertCommand(const QString& name, const QString& summary, const 
     const QString what = QLatin1String(object);
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to edit"));
     parser.addOption(
-        QStringLiteral("--after"), QStringLiteral("NAME"), QStringLiteral("insert after this ") + what);
+        QStringLiteral("--after"), QStringLiteral("NAME"), QStringLiteral("insert after this ") + what + QStringLiteral(" (name, #number or id)"));
     parser.addOption(
-        QStringLiteral("--before"), QStringLiteral("NAME"), QStringLiteral("insert before this ") + what);
+        QStringLiteral("--before"), QStringLiteral("NAME"), QStringLiteral("insert before this ") + what + QStringLiteral(" (name, #number or id)"));
     parser.addOption(QStringLiteral("--sequence"), QStringLiteral("NAME"),
         QStringLiteral("look for the shot in this sequence only"));
     parser.addOption(QStringLiteral("--length"), QStringLiteral("FRAMES"),

@@ -1,5 +1,6 @@
 #include "InsertPanelCommand.h"
 
+#include "EnginePosition.h"
 #include "NameWriter.h"
 #include "NamedObjects.h"
 #include "ProjectDocument.h"
@@ -9,27 +10,13 @@
 #include "naming/KRC_NameHelper.h"
 #include "project/KRC_KrolleProject.h"
 
-namespace {
-
-// The engine's position of a panel among all the blocks of its shot's symbol.
-unsigned enginePosition(const SC_Project* project, const SC_Id& shot, const SC_Id& panel)
-{
-    const unsigned count = HostAuthoring::panelCount(project, shot);
-    unsigned position = 0;
-    while (position < count && HostAuthoring::panelId(project, shot, position) != panel)
-        ++position;
-    return position;
-}
-
-} // namespace
-
 InsertPanelCommand::InsertPanelCommand()
     : InsertCommand(QStringLiteral("insert-panel"),
         QStringLiteral("insert a panel after or before a named panel, and save"), "panel")
 {
     ArgumentParser& parser = declare();
     parser.addOption(
-        QStringLiteral("--shot"), QStringLiteral("NAME"), QStringLiteral("the shot of the panel"), true);
+        QStringLiteral("--shot"), QStringLiteral("NAME"), QStringLiteral("the shot of the panel (name, #number or id)"), true);
     parser.setEpilogue(QStringLiteral(
         "The new panel's name is the naming rules' proposal between its neighbours in the shot:\n"
         "custom where the rules give one, automatic otherwise.\n"
@@ -50,7 +37,7 @@ ExitStatus InsertPanelCommand::run(const ArgumentValues& arguments)
     const SC_Id neighbourId = neighbour.id();
     const QString proposal = view.nameHelper()->getPreferedNewPanelName(shot, neighbourId, where.after);
     const SC_Id shotId = shot.id();
-    const unsigned position = enginePosition(document.project(), shotId, neighbourId) + (where.after ? 1 : 0);
+    const unsigned position = EnginePosition::ofPanel(document.project(), shotId, neighbourId) + (where.after ? 1 : 0);
 
     QString error;
     const SC_Id id = HostAuthoring::insertPanel(document.project(), shotId, position, where.length, &error);
