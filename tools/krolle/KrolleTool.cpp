@@ -22,6 +22,15 @@
 #include "commands/RulesCommand.h"
 #include "commands/SetCommand.h"
 #include "commands/TrackCommand.h"
+// Edits and addresses.
+#include "ChosenObject.h"
+#include "commands/AddTransitionCommand.h"
+#include "commands/LockNamesCommand.h"
+#include "commands/MoveCommand.h"
+#include "commands/RemoveCommand.h"
+#include "commands/RenameCommand.h"
+#include "commands/SetLengthCommand.h"
+#include "commands/ShowCommand.h"
 
 #include <new>
 
@@ -58,6 +67,18 @@ KrolleTool::KrolleTool()
     // Change tracking.
     m_commands.emplace_back(new TrackCommand);
     m_commands.emplace_back(new ChangesCommand);
+    // Edits and addresses.
+    m_commands.emplace_back(new ShowCommand);
+    m_commands.emplace_back(new RenameCommand);
+    m_commands.emplace_back(new LockNamesCommand);
+    m_commands.emplace_back(new RemoveCommand(QStringLiteral("remove"),
+        QStringLiteral("remove a shot, panel or transition"),
+        ChosenObject::Shot | ChosenObject::Panel | ChosenObject::Transition));
+    m_commands.emplace_back(new MoveCommand);
+    m_commands.emplace_back(new SetLengthCommand);
+    m_commands.emplace_back(new AddTransitionCommand);
+    m_commands.emplace_back(new RemoveCommand(
+        QStringLiteral("remove-transition"), QStringLiteral("remove a transition"), ChosenObject::Transition));
 }
 
 KrolleTool::~KrolleTool() = default;
