@@ -53,6 +53,14 @@ ToolError ambiguous(const QString& what, const QStringList& candidates, const QS
                                   .arg(what, candidates.join(QStringLiteral(", ")), hint));
 }
 
+// The object found by a number or an id, which must exist.
+template <class Handle> Handle existing(const Handle& found, const QString& failure)
+{
+    if (found.isInvalid())
+        throw ToolError::failure(failure);
+    return found;
+}
+
 QString candidate(const QString& label, unsigned number, const SC_Id& id)
 {
     return QStringLiteral("%1 (#%2, %3)").arg(label, QString::number(number), id.toString());
@@ -62,19 +70,11 @@ QString candidate(const QString& label, unsigned number, const SC_Id& id)
 
 Krolle::Shot_t NamedObjects::shot(const KRC_KrolleProject& view, const QString& address, const QString& sequence)
 {
-    if (const unsigned number = numberIn(address)) {
-        const Krolle::Shot_t found = view.getShotByNdx(number - 1);
-        if (found.isInvalid())
-            throw ToolError::failure(noNumber("shot", number, view.shotCount(), QString()));
-        return found;
-    }
+    if (const unsigned number = numberIn(address))
+        return existing(view.getShotByNdx(number - 1), noNumber("shot", number, view.shotCount(), QString()));
     const SC_Id id = idIn(address);
-    if (!id.isNull()) {
-        const Krolle::Shot_t found = view.getShotByID(id);
-        if (found.isInvalid())
-            throw ToolError::failure(noId("shot", id));
-        return found;
-    }
+    if (!id.isNull())
+        return existing(view.getShotByID(id), noId("shot", id));
     const QString where = sequence.isNull() ? QString() : QStringLiteral(" in sequence \"%1\"").arg(sequence);
     Krolle::Shot_t found;
     QStringList candidates;
@@ -98,12 +98,8 @@ Krolle::Shot_t NamedObjects::shot(const KRC_KrolleProject& view, const QString& 
 Krolle::Panel_t NamedObjects::panelByPath(const KRC_KrolleProject& view, const QString& address, const QString& option)
 {
     const SC_Id id = idIn(address);
-    if (!id.isNull()) {
-        const Krolle::Panel_t found = view.getPanelByID(id);
-        if (found.isInvalid())
-            throw ToolError::failure(noId("panel", id));
-        return found;
-    }
+    if (!id.isNull())
+        return existing(view.getPanelByID(id), noId("panel", id));
     const int slash = address.lastIndexOf(QLatin1Char('/'));
     if (slash <= 0 || slash == address.size() - 1)
         throw ToolError::usage(QStringLiteral("%1 takes SHOT/PANEL or a panel's id, not \"%2\"").arg(option, address));
@@ -141,20 +137,14 @@ Krolle::Panel_t NamedObjects::panel(
 
 Krolle::Trans_t NamedObjects::transition(const KRC_KrolleProject& view, const QString& address)
 {
-    if (const unsigned number = numberIn(address)) {
-        const Krolle::Trans_t found = view.getTransByNdx(number - 1);
-        if (found.isInvalid())
-            throw ToolError::failure(noNumber("transition", number, view.transCount(), QString()));
-        return found;
-    }
+    if (const unsigned number = numberIn(address))
+        return existing(
+            view.getTransByNdx(number - 1), noNumber("transition", number, view.transCount(), QString()));
     const SC_Id id = idIn(address);
     if (id.isNull())
         throw ToolError::usage(
             QStringLiteral("--transition takes a transition's number (#1) or id, not \"%1\"").arg(address));
-    const Krolle::Trans_t found = view.getTransByID(id);
-    if (found.isInvalid())
-        throw ToolError::failure(noId("transition", id));
-    return found;
+    return existing(view.getTransByID(id), noId("transition", id));
 }
 
 QString NamedObjects::shotLabel(const KRC_KrolleProject& view, const Krolle::Shot_t& shot)

@@ -82,6 +82,7 @@ ExitStatus CameraCommand::run(const ArgumentValues& arguments)
     const QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("camera") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
         { QStringLiteral("frame"), static_cast<qint64>(frame) }, { QStringLiteral("shot"), shot.name() },
+        { QStringLiteral("shotId"), shot.id().toString() },
         { QStringLiteral("shotFrame"), shotFrame }, { QStringLiteral("global"), matrixJson(global) },
         { QStringLiteral("embedded"),
             matrixJson(KRC_CameraManager::shotEmbeddedCameraMatrix(shot, shotFrame)) } };

@@ -30,7 +30,7 @@ void appendPanel(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, QJ
     KRC_ConcreteVisitor::getDrawings(panel, found, false);
     const QString label = NamedObjects::panelLabel(view, panel);
     for (const KRC_ConcreteVisitor::ElementKey& entry : found) {
-        out.append(QJsonObject { { QStringLiteral("panel"), label },
+        out.append(QJsonObject { { QStringLiteral("panel"), label }, { QStringLiteral("panelId"), panel.id().toString() },
             { QStringLiteral("element"), entry.first->instanceName() },
             { QStringLiteral("enabled"), entry.first->enabled() != 0 },
             { QStringLiteral("kind"), kindOf(entry.second) },

@@ -120,6 +120,7 @@ ExitStatus LayersCommand::run(const ArgumentValues& arguments)
     const QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("layers") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
         { QStringLiteral("panel"), NamedObjects::panelLabel(view, panel) },
+        { QStringLiteral("panelId"), panel.id().toString() },
         { QStringLiteral("layers"), entries } };
     if (arguments.isSet(QStringLiteral("--json")))
         Console::outJson(answer);

@@ -26,7 +26,10 @@ EditCommand::Outcome RemoveCommand::edit(ProjectDocument& document, const Argume
 {
     const KRC_KrolleProject& view = document.view();
     const ChosenObject chosen = ChosenObject::read(view, arguments, m_kinds);
-    const QString label = chosen.label(view);
+    // Said before the edit: the handle does not outlive it.
+    const QString sentence = QStringLiteral("removed %1 (%2, frames %3-%4)")
+                                 .arg(chosen.label(view), chosen.id().toString(),
+                                     QString::number(chosen.firstFrame()), QString::number(chosen.lastFrame()));
     const QJsonValue removed = chosen.json(ObjectJson(view, 0));
     SC_Project* project = document.project();
     QString error;
@@ -38,10 +41,8 @@ EditCommand::Outcome RemoveCommand::edit(ProjectDocument& document, const Argume
     else
         done = HostAuthoring::removeTransition(project, chosen.id(), &error);
     if (!done)
-        refused(QStringLiteral("remove ") + label, error);
+        refused(QStringLiteral("remove ") + chosen.label(view), error);
     document.notify();
-    return { QStringLiteral("removed %1 (%2, frames %3-%4)")
-                 .arg(label, chosen.id().toString(), QString::number(chosen.firstFrame()),
-                     QString::number(chosen.lastFrame())),
+    return { sentence,
         QJsonObject { { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("removed"), removed } } };
 }

@@ -46,11 +46,13 @@ ExitStatus SetCommand::run(const ArgumentValues& arguments)
     const KRC_InfoFieldDesc& desc
         = *view.getInfoFieldDesc(panel, InfoFieldText::fieldId(view, panel, name, document.path()));
     QString owner = QStringLiteral("the project");
+    QJsonValue ownerId;
     KRC_InfoFieldList* list = view.infoFieldList();
     KRC_InfoFieldDescList* descs = view.infoFieldDescList();
     if (panel) {
         const Krolle::Panel_t target = NamedObjects::panelByPath(view, arguments.value(kPanel));
         owner = NamedObjects::panelLabel(view, target);
+        ownerId = target.id().toString();
         list = target.infoFieldList();
         descs = view.panelInfoFieldDescList();
     }
@@ -63,7 +65,8 @@ ExitStatus SetCommand::run(const ArgumentValues& arguments)
     if (arguments.isSet(QStringLiteral("--json"))) {
         Console::outJson(QJsonObject { { QStringLiteral("krolle"), QStringLiteral("set") },
             { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
-            { QStringLiteral("owner"), owner }, { QStringLiteral("field"), name },
+            { QStringLiteral("owner"), owner }, { QStringLiteral("ownerId"), ownerId },
+            { QStringLiteral("field"), name },
             { QStringLiteral("value"), value } });
         return ExitStatus::Success;
     }

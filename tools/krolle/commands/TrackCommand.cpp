@@ -51,7 +51,8 @@ ExitStatus TrackCommand::run(const ArgumentValues& arguments)
     if (arguments.isSet(QStringLiteral("--json"))) {
         Console::outJson(QJsonObject { { QStringLiteral("krolle"), QStringLiteral("track") },
             { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
-            { QStringLiteral("panel"), label }, { QStringLiteral("tracked"), tracked },
+            { QStringLiteral("panel"), label }, { QStringLiteral("panelId"), panel.id().toString() },
+            { QStringLiteral("tracked"), tracked },
             { QStringLiteral("date"), date }, { QStringLiteral("note"), record->trackingNote() } });
         return ExitStatus::Success;
     }
