@@ -100,6 +100,18 @@ TEST_F(ToolEdits, RefusalsChangeNothing)
     }
 }
 
+// Kept names do not follow their places: removing the first shot moves no other name,
+// and giving one back its automatic name shows it moving.
+TEST_F(ToolEdits, KeptNamesStayWhenObjectsMove)
+{
+    EXPECT_EQ(sandbox.run({ "lock-names", "small.xml", "--panels" }).exitCode, 0);
+    const QJsonObject removed = json({ "remove", "small.xml", "--shot", "#1", "--json" });
+    EXPECT_TRUE(removed["renamed"].toArray().isEmpty());
+    const QJsonArray moved = json({ "rename", "small.xml", "--shot", "2", "--auto", "--json" })["renamed"].toArray();
+    ASSERT_EQ(moved.size(), 1);
+    EXPECT_EQ(moved[0].toObject()["before"].toString() + moved[0].toObject()["after"].toString(), "21");
+}
+
 // Every command that names a panel takes the same addresses; ids stay true across edits.
 TEST_F(ToolEdits, NamesNumbersAndIdsAddressTheSameObject)
 {
