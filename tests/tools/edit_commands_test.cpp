@@ -122,6 +122,7 @@ TEST_F(ToolEdits, NamesNumbersAndIdsAddressTheSameObject)
         EXPECT_EQ(sandbox.run({ "layers", "demo.xml", "--panel", address }).out,
             sandbox.run({ "layers", "demo.xml", "--panel", "SH080/3" }).out);
     }
+    EXPECT_EQ(sandbox.run({ "camera", "demo.xml", "23", "--shot", "#4" }).out, sandbox.run({ "camera", "demo.xml", "140" }).out);
     const QString moved = json({ "show", "demo.xml", "--panel", "SH040/2", "--json" })["object"].toObject()["id"].toString();
     ASSERT_EQ(sandbox.run({ "move", "demo.xml", "--panel", moved, "--before", "#1/1" }).exitCode, 0);
     EXPECT_EQ(json({ "show", "demo.xml", "--panel", moved, "--json" })["label"].toString(),
