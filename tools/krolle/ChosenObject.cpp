@@ -102,6 +102,9 @@ ChosenObject ChosenObject::again(const KRC_KrolleProject& view) const
 
 QString ChosenObject::label(const KRC_KrolleProject& view) const
 {
+    // A panel moved or pushed past the frames its shot's warp shows is no longer in the view.
+    if (!isValid())
+        return QStringLiteral("%1 %2, which its shot does not show").arg(kindName(), id().toString());
     switch (m_kind) {
     case Shot:
         return NamedObjects::shotLabel(view, m_shot);

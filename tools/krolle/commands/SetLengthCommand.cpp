@@ -42,6 +42,10 @@ EditCommand::Outcome SetLengthCommand::edit(ProjectDocument& document, const Arg
         refused(QStringLiteral("give %1 %2 frames").arg(label).arg(length), error);
     document.notify();
     const ChosenObject resized = chosen.again(view);
+    if (!resized.isValid())
+        return { QStringLiteral("%1 is %2 frames long, was %3; %4").arg(label).arg(length).arg(was).arg(resized.label(view)),
+            QJsonObject { { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("before"), before },
+                { QStringLiteral("after"), QJsonValue() } } };
     return { QStringLiteral("%1 is %2 frames long, was %3 (frames %4-%5)")
                  .arg(label)
                  .arg(resized.lastFrame() - resized.firstFrame() + 1)
