@@ -35,8 +35,13 @@ unsigned EditCommand::frameCount(const ArgumentValues& arguments, const QString&
     return arguments.number(option, 0, 1, kLongestLength);
 }
 
+void EditCommand::checkUsage(const ArgumentValues&) const
+{
+}
+
 ExitStatus EditCommand::run(const ArgumentValues& arguments)
 {
+    checkUsage(arguments);
     const bool dryRun = arguments.isSet(kDryRun);
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")),

@@ -31,6 +31,8 @@ protected:
     EditCommand(const QString& name, const QString& summary);
 
     virtual Outcome edit(ProjectDocument& document, const ArgumentValues& arguments) = 0;
+    // Checks the command line before the file is opened, so that bad usage is said first.
+    virtual void checkUsage(const ArgumentValues& arguments) const;
 
     // The failure of an edit that the engine refused; what: 'remove shot 3 "SH030"'.
     [[noreturn]] static void refused(const QString& what, const QString& error);

@@ -3,6 +3,7 @@
 #include "EnginePosition.h"
 #include "NameWriter.h"
 #include "NamedObjects.h"
+#include "ObjectJson.h"
 #include "ProjectDocument.h"
 
 #include "host/engine/HostEngine.h"
@@ -24,11 +25,9 @@ InsertPanelCommand::InsertPanelCommand()
         "example: krolle insert-panel demo.xml --shot SH050 --after 2A"));
 }
 
-ExitStatus InsertPanelCommand::run(const ArgumentValues& arguments)
+EditCommand::Outcome InsertPanelCommand::edit(ProjectDocument& document, const ArgumentValues& arguments)
 {
     const Placement where = placement(arguments);
-    ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")), ProjectDocument::Access::Edit);
     KRC_KrolleProject& view = document.view();
 
     const Krolle::Shot_t shot
@@ -49,9 +48,9 @@ ExitStatus InsertPanelCommand::run(const ArgumentValues& arguments)
         refused("panel", where, NamedObjects::panelLabel(view, view.getPanelByID(neighbourId)),
             QStringLiteral("the shot's time warp would not show it; the file was not saved"));
     NameWriter::set(panel.panelInfo()->name(), proposal);
-    document.save();
 
-    reportInserted(NamedObjects::panelLabel(view, panel), proposal, panel.firstFrame(), panel.lastFrame(),
-        where, NamedObjects::panelLabel(view, view.getPanelByID(neighbourId)), document.path());
-    return ExitStatus::Success;
+    const ObjectJson objects(view, 0);
+    const Krolle::Panel_t beside = view.getPanelByID(neighbourId);
+    return inserted(NamedObjects::panelLabel(view, panel), proposal, objects.panel(panel), where,
+        NamedObjects::panelLabel(view, beside), objects.panel(beside));
 }
