@@ -59,3 +59,11 @@ EditCommand::Outcome AddTransitionCommand::edit(ProjectDocument& document, const
         QJsonObject { { QStringLiteral("kind"), QStringLiteral("transition") },
             { QStringLiteral("added"), ObjectJson(view, 0).transition(added) } } };
 }
+
+void AddTransitionCommand::checkUsage(const ArgumentValues& arguments) const
+{
+    arguments.exactlyOne({ kAfter, kBefore });
+    frameCount(arguments, kLength);
+    arguments.choice(kType, kTypes, kTypes.first());
+    arguments.number(kAngle, 0, 0, kLargestAngle);
+}

@@ -74,3 +74,8 @@ EditCommand::Outcome MoveCommand::edit(ProjectDocument& document, const Argument
         QJsonObject { { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("before"), before },
             { QStringLiteral("after"), moved.json(objects) } } };
 }
+
+void MoveCommand::checkUsage(const ArgumentValues& arguments) const
+{
+    arguments.exactlyOne({ kAfter, kBefore });
+}

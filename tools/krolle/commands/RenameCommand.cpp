@@ -159,3 +159,8 @@ EditCommand::Outcome RenameCommand::edit(ProjectDocument& document, const Argume
         QJsonObject { { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("before"), before },
             { QStringLiteral("after"), after }, { QStringLiteral("object"), renamed.json(ObjectJson(view, 0)) } } };
 }
+
+void RenameCommand::checkUsage(const ArgumentValues& arguments) const
+{
+    wantedName(arguments);
+}

@@ -55,3 +55,8 @@ EditCommand::Outcome SetLengthCommand::edit(ProjectDocument& document, const Arg
         QJsonObject { { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("before"), before },
             { QStringLiteral("after"), resized.json(objects) } } };
 }
+
+void SetLengthCommand::checkUsage(const ArgumentValues& arguments) const
+{
+    frameCount(arguments, kLength);
+}

@@ -14,4 +14,5 @@ public:
 
 protected:
     Outcome edit(ProjectDocument& document, const ArgumentValues& arguments) override;
+    void checkUsage(const ArgumentValues& arguments) const override;
 };
