@@ -1,9 +1,11 @@
 #include "KrolleTool.h"
 
+#include "ChosenObject.h"
 #include "Command.h"
 #include "Console.h"
 #include "TextTable.h"
 
+#include "commands/AddTransitionCommand.h"
 #include "commands/AtCommand.h"
 #include "commands/CameraCommand.h"
 #include "commands/ChangesCommand.h"
@@ -14,18 +16,23 @@
 #include "commands/ExportCommand.h"
 #include "commands/FieldsCommand.h"
 #include "commands/ImportCommand.h"
+#include "commands/ImportImagesCommand.h"
 #include "commands/InsertPanelCommand.h"
 #include "commands/InsertShotCommand.h"
 #include "commands/LayersCommand.h"
+#include "commands/LockNamesCommand.h"
+#include "commands/MoveCommand.h"
 #include "commands/NewCommand.h"
 #include "commands/OutlineCommand.h"
+#include "commands/PdfCommand.h"
+#include "commands/RemoveCommand.h"
+#include "commands/RenameCommand.h"
 #include "commands/RulesCommand.h"
 #include "commands/SetCommand.h"
-#include "commands/TrackCommand.h"
-// Image boards and printed pages.
-#include "commands/ImportImagesCommand.h"
-#include "commands/PdfCommand.h"
+#include "commands/SetLengthCommand.h"
+#include "commands/ShowCommand.h"
 #include "commands/SketchesCommand.h"
+#include "commands/TrackCommand.h"
 
 #include <new>
 
@@ -66,6 +73,18 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new ImportImagesCommand);
     m_commands.emplace_back(new PdfCommand);
     m_commands.emplace_back(new SketchesCommand);
+    // Edits and addresses.
+    m_commands.emplace_back(new ShowCommand);
+    m_commands.emplace_back(new RenameCommand);
+    m_commands.emplace_back(new LockNamesCommand);
+    m_commands.emplace_back(new RemoveCommand(QStringLiteral("remove"),
+        QStringLiteral("remove a shot, panel or transition"),
+        ChosenObject::Shot | ChosenObject::Panel | ChosenObject::Transition));
+    m_commands.emplace_back(new MoveCommand);
+    m_commands.emplace_back(new SetLengthCommand);
+    m_commands.emplace_back(new AddTransitionCommand);
+    m_commands.emplace_back(new RemoveCommand(
+        QStringLiteral("remove-transition"), QStringLiteral("remove a transition"), ChosenObject::Transition));
 }
 
 KrolleTool::~KrolleTool() = default;

@@ -2,6 +2,15 @@
 
 #include "naming/KRC_ObjectName.h"
 
+#include "host/Host.h"
+
+namespace {
+
+// The code hosts post for a renamed object.
+const int kNameChangedCode = 18;
+
+} // namespace
+
 void NameWriter::set(KRC_ObjectName& name, const QString& value)
 {
     name.setValue(value.isEmpty() ? QString() : value);
@@ -14,4 +23,9 @@ void NameWriter::set(KRC_ObjectName& name, const QString& value)
 void NameWriter::copy(KRC_ObjectName& name, const KRC_ObjectName& from)
 {
     set(name, from.isCustom() ? from.value() : QString());
+}
+
+void NameWriter::announce(PIO_Metadata& record, TUSceneChangeManager* manager)
+{
+    record.emitChanged(manager, kNameChangedCode);
 }

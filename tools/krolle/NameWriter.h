@@ -4,6 +4,8 @@
 #include <QString>
 
 class KRC_ObjectName;
+class PIO_Metadata;
+class TUSceneChangeManager;
 
 // Gives a KRC_ObjectName a custom name (the text stands) or makes it
 // automatic (the library then computes the name from the object's place).
@@ -15,4 +17,7 @@ public:
     static void set(KRC_ObjectName& name, const QString& value);
     // Takes the value and the custom bit of another name.
     static void copy(KRC_ObjectName& name, const KRC_ObjectName& from);
+    // Posts that the record holding a name changed, as a host posts a rename: a change
+    // of the record, not of the panel's content, so no panel counts as touched.
+    static void announce(PIO_Metadata& record, TUSceneChangeManager* manager);
 };

@@ -90,3 +90,23 @@ QJsonValue ObjectJson::panel(const Krolle::Panel_t& panel) const
 {
     return this->panel(panel, m_view.getPanelNdx(panel, true) + 1);
 }
+
+QJsonValue ObjectJson::transition(const Krolle::Trans_t& transition) const
+{
+    if (transition.isInvalid())
+        return QJsonValue();
+    unsigned number = 0;
+    for (Krolle::Trans_t t = transition; t.isValid(); t = m_view.prev(t))
+        ++number;
+    // The shots it joins: both cover its first frame, the earlier on the previous side.
+    Krolle::Trans_t found;
+    unsigned after = 0;
+    unsigned before = 0;
+    const Krolle::Shot_t previous = m_view.getShotAt(transition.firstFrame(), KRC_KrolleProject::PreferPrevious);
+    if (m_view.isFollowedByTrans(previous, &found) && found == transition)
+        after = m_view.getShotNdx(previous) + 1;
+    const Krolle::Shot_t next = m_view.getShotAt(transition.firstFrame(), KRC_KrolleProject::PreferNext);
+    if (m_view.isPrecededByTrans(next, &found) && found == transition)
+        before = m_view.getShotNdx(next) + 1;
+    return this->transition(transition, number, after, before);
+}

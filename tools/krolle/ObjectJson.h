@@ -36,6 +36,7 @@ public:
     // The same objects where the caller knows no numbers: asks the view for them.
     QJsonValue shot(const Krolle::Shot_t& shot) const;
     QJsonValue panel(const Krolle::Panel_t& panel) const;
+    QJsonValue transition(const Krolle::Trans_t& transition) const;
 
     // The sequence name of a shot, or null in a project without sequences.
     QJsonValue sequenceOf(const Krolle::Shot_t& shot) const;

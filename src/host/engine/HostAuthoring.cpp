@@ -333,11 +333,29 @@ bool findPanel(SC_Project const* project, SC_Id const& panel, PanelPlace& place)
     return false;
 }
 
-// A panel edit that changes the symbol's length by `delta`: may the shot follow it?
+// The last symbol frame a shot shows: the whole frame of its warp's end, or its length.
+qint64 lastShownFrame(AT_FrameBlock const* shotBlock)
+{
+    auto const* warp = AT_TimeWarpSeq::toTimeWarp(shotBlock->seq());
+    return warp ? qint64(std::trunc(warp->end)) : qint64(shotBlock->length());
+}
+
+// A panel edit that changes the symbol's length by `delta`: may the shot follow it? A
+// shot that does not follow keeps its warp, whose frames must keep their panels: a
+// project file with shown frames outside every panel is not read back.
 bool checkFollowingShot(Timeline const& tl, unsigned k, qint64 delta, QString* error)
 {
-    if (!followsSymbol(tl.project, tl.shot(k)))
+    if (!followsSymbol(tl.project, tl.shot(k))) {
+        TUScene const* symbol = sceneOf(tl.project, sceneIdOf(tl.shot(k)));
+        qint64 const length = symbol ? qint64(symbol->sequence()->nFrames()) + delta : 0;
+        if (delta < 0 && length < lastShownFrame(tl.shot(k)))
+            return fail(error,
+                QStringLiteral("shot %1 shows frames up to %2 of its panels, which would end at frame %3")
+                    .arg(k)
+                    .arg(lastShownFrame(tl.shot(k)))
+                    .arg(length));
         return true;
+    }
     if (!shotLengthFits(tl, k, qint64(tl.shot(k)->length()) + delta))
         return fail(error, QStringLiteral("shot %1 would be too short for its transitions").arg(k));
     return true;

@@ -16,33 +16,6 @@ const int kSchemaVersion = 1;
 const QString kPrevious = QStringLiteral("previous");
 const QString kNext = QStringLiteral("next");
 
-// The place of a transition among the project's transitions, counted from 1.
-unsigned transitionNumber(const KRC_KrolleProject& view, const Krolle::Trans_t& transition)
-{
-    unsigned number = 0;
-    for (Krolle::Trans_t t = transition; t.isValid(); t = view.prev(t))
-        ++number;
-    return number;
-}
-
-unsigned shotNumber(const KRC_KrolleProject& view, const Krolle::Shot_t& shot)
-{
-    return shot.isValid() ? view.getShotNdx(shot) + 1 : 0;
-}
-
-// The numbers of the shots that a transition follows and precedes; 0 where it stands at an end.
-void shotsAround(const KRC_KrolleProject& view, unsigned frame, const Krolle::Trans_t& transition,
-    unsigned& after, unsigned& before)
-{
-    Krolle::Trans_t found;
-    const Krolle::Shot_t previous = view.getShotAt(frame, KRC_KrolleProject::PreferPrevious);
-    if (view.isFollowedByTrans(previous, &found) && found == transition)
-        after = shotNumber(view, previous);
-    const Krolle::Shot_t next = view.getShotAt(frame, KRC_KrolleProject::PreferNext);
-    if (view.isPrecededByTrans(next, &found) && found == transition)
-        before = shotNumber(view, next);
-}
-
 QJsonObject side(
     const KRC_KrolleProject& view, const ObjectJson& objects, unsigned frame, const QString& prefer)
 {
@@ -146,16 +119,12 @@ ExitStatus AtCommand::run(const ArgumentValues& arguments)
         throw ToolError::failure(
             QStringLiteral("frame %1 is outside the shots of %2, which end at frame %3")
                 .arg(QString::number(frame), document.path(), QString::number(view.getNumOfFrames())));
-    unsigned after = 0;
-    unsigned before = 0;
-    shotsAround(view, frame, transition, after, before);
     QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("at") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
         { QStringLiteral("frame"), static_cast<qint64>(frame) },
         { QStringLiteral("fps"), fps ? QJsonValue(static_cast<int>(fps)) : QJsonValue() },
         { QStringLiteral("sequencesExist"), view.sequenceExists() },
-        { QStringLiteral("transition"),
-            objects.transition(transition, transitionNumber(view, transition), after, before) },
+        { QStringLiteral("transition"), objects.transition(transition) },
         { QStringLiteral("sides"), sides } };
     if (fps)
         answer.insert(QStringLiteral("timecode"), Timecode::ofFrame(frame, fps));

@@ -1,6 +1,7 @@
 #include "CameraCommand.h"
 
 #include "Console.h"
+#include "NamedObjects.h"
 #include "ProjectDocument.h"
 #include "TextTable.h"
 
@@ -62,15 +63,35 @@ CameraCommand::CameraCommand()
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
     parser.addPositional(QStringLiteral("FRAME"), QStringLiteral("project frame, counted from 1"));
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
+    parser.addOption(QStringLiteral("--shot"), QStringLiteral("SHOT"),
+        QStringLiteral("count FRAME from 1 inside this shot (name, #number or id)"));
 }
+
+namespace {
+
+// The shot at a project frame, or with --shot the named one, FRAME then counting inside it.
+Krolle::Shot_t shotOf(const KRC_KrolleProject& view, const ArgumentValues& arguments, unsigned& frame)
+{
+    if (!arguments.isSet(QStringLiteral("--shot")))
+        return view.getShotAt(frame, KRC_KrolleProject::PreferPrevious);
+    const Krolle::Shot_t shot = NamedObjects::shot(view, arguments.value(QStringLiteral("--shot")), QString());
+    const unsigned length = shot.lastFrame() - shot.firstFrame() + 1;
+    if (frame > length)
+        throw ToolError::failure(QStringLiteral("%1 has %2 frames, not %3")
+                                     .arg(NamedObjects::shotLabel(view, shot), QString::number(length), QString::number(frame)));
+    frame += shot.firstFrame() - 1;
+    return shot;
+}
+
+} // namespace
 
 ExitStatus CameraCommand::run(const ArgumentValues& arguments)
 {
-    const unsigned frame = arguments.positionalNumber(QStringLiteral("FRAME"), 1, 0xFFFFFFFEu);
+    unsigned frame = arguments.positionalNumber(QStringLiteral("FRAME"), 1, 0xFFFFFFFEu);
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();
-    const Krolle::Shot_t shot = view.getShotAt(frame, KRC_KrolleProject::PreferPrevious);
+    const Krolle::Shot_t shot = shotOf(view, arguments, frame);
     if (shot.isInvalid() || !shot.symbol())
         throw ToolError::failure(
             QStringLiteral("frame %1 is outside the shots of %2, which end at frame %3")
@@ -82,6 +103,7 @@ ExitStatus CameraCommand::run(const ArgumentValues& arguments)
     const QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("camera") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
         { QStringLiteral("frame"), static_cast<qint64>(frame) }, { QStringLiteral("shot"), shot.name() },
+        { QStringLiteral("shotId"), shot.id().toString() },
         { QStringLiteral("shotFrame"), shotFrame }, { QStringLiteral("global"), matrixJson(global) },
         { QStringLiteral("embedded"),
             matrixJson(KRC_CameraManager::shotEmbeddedCameraMatrix(shot, shotFrame)) } };

@@ -53,6 +53,7 @@ QJsonArray changedPanels(const KRC_KrolleProject& view, const ArgumentValues& ar
         if (!record->trackingDate().isValid())
             continue;
         panels.append(QJsonObject { { QStringLiteral("panel"), NamedObjects::panelLabel(view, panel) },
+            { QStringLiteral("panelId"), panel.id().toString() },
             { QStringLiteral("tracked"), record->isTracked() },
             { QStringLiteral("date"), record->trackingDate().toString(Qt::ISODate) },
             { QStringLiteral("note"), record->trackingNote() } });

@@ -31,7 +31,7 @@ void appendPanel(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, QJ
     KRC_ConcreteVisitor::getDrawings(panel, found, false);
     const QString label = NamedObjects::panelLabel(view, panel);
     for (const KRC_ConcreteVisitor::ElementKey& entry : found) {
-        out.append(QJsonObject { { QStringLiteral("panel"), label },
+        out.append(QJsonObject { { QStringLiteral("panel"), label }, { QStringLiteral("panelId"), panel.id().toString() },
             { QStringLiteral("element"), entry.first->instanceName() },
             { QStringLiteral("enabled"), entry.first->enabled() != 0 },
             { QStringLiteral("kind"), kindOf(entry.second) },
@@ -96,7 +96,7 @@ DrawingsCommand::DrawingsCommand()
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
     parser.addOption(QStringLiteral("--panel"), QStringLiteral("SHOT/PANEL"),
-        QStringLiteral("only this panel, by the names of its shot and itself"), false);
+        QStringLiteral("only this panel, by names or #numbers of its shot and itself, or its id"), false);
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
     parser.setEpilogue(QStringLiteral(
         "A panel's drawing is the one each element shows at the panel's first frame; elements\n"

@@ -1,6 +1,5 @@
 #include "InsertCommand.h"
 
-#include "Console.h"
 
 namespace {
 
@@ -14,15 +13,14 @@ QString sideWord(bool after)
 } // namespace
 
 InsertCommand::InsertCommand(const QString& name, const QString& summary, const char* object)
-    : Command(name, summary)
+    : EditCommand(name, summary)
 {
     ArgumentParser& parser = declare();
     const QString what = QLatin1String(object);
-    parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to edit"));
     parser.addOption(
-        QStringLiteral("--after"), QStringLiteral("NAME"), QStringLiteral("insert after this ") + what);
+        QStringLiteral("--after"), QStringLiteral("NAME"), QStringLiteral("insert after this ") + what + QStringLiteral(" (name, #number or id)"));
     parser.addOption(
-        QStringLiteral("--before"), QStringLiteral("NAME"), QStringLiteral("insert before this ") + what);
+        QStringLiteral("--before"), QStringLiteral("NAME"), QStringLiteral("insert before this ") + what + QStringLiteral(" (name, #number or id)"));
     parser.addOption(QStringLiteral("--sequence"), QStringLiteral("NAME"),
         QStringLiteral("look for the shot in this sequence only"));
     parser.addOption(QStringLiteral("--length"), QStringLiteral("FRAMES"),
@@ -37,6 +35,11 @@ InsertCommand::Placement InsertCommand::placement(const ArgumentValues& argument
         arguments.number(QStringLiteral("--length"), kDefaultLength, 1, kLongestPanel) };
 }
 
+void InsertCommand::checkUsage(const ArgumentValues& arguments) const
+{
+    placement(arguments);
+}
+
 void InsertCommand::refused(
     const char* object, const Placement& placement, const QString& neighbour, const QString& error)
 {
@@ -44,11 +47,15 @@ void InsertCommand::refused(
                                  .arg(QLatin1String(object), sideWord(placement.after), neighbour, error));
 }
 
-void InsertCommand::reportInserted(const QString& label, const QString& proposal, unsigned first,
-    unsigned last, const Placement& placement, const QString& neighbour, const QString& file)
+EditCommand::Outcome InsertCommand::inserted(const QString& label, const QString& proposal,
+    const QJsonValue& object, const Placement& placement, const QString& neighbour, const QJsonValue& neighbourObject)
 {
-    Console::out(
-        QStringLiteral("inserted %1 (%2 name, frames %3-%4) %5 %6; saved %7\n")
-            .arg(label, proposal.isEmpty() ? QStringLiteral("automatic") : QStringLiteral("custom"),
-                QString::number(first), QString::number(last), sideWord(placement.after), neighbour, file));
+    const QJsonObject facts = object.toObject();
+    return { QStringLiteral("inserted %1 (%2 name, frames %3-%4) %5 %6")
+                 .arg(label, proposal.isEmpty() ? QStringLiteral("automatic") : QStringLiteral("custom"),
+                     QString::number(facts.value(QStringLiteral("firstFrame")).toInt()),
+                     QString::number(facts.value(QStringLiteral("lastFrame")).toInt()), sideWord(placement.after),
+                     neighbour),
+        QJsonObject { { QStringLiteral("inserted"), object }, { QStringLiteral("side"), sideWord(placement.after) },
+            { QStringLiteral("neighbour"), neighbourObject } } };
 }

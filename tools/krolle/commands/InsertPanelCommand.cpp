@@ -1,7 +1,9 @@
 #include "InsertPanelCommand.h"
 
+#include "EnginePosition.h"
 #include "NameWriter.h"
 #include "NamedObjects.h"
+#include "ObjectJson.h"
 #include "ProjectDocument.h"
 
 #include "host/engine/HostEngine.h"
@@ -9,27 +11,13 @@
 #include "naming/KRC_NameHelper.h"
 #include "project/KRC_KrolleProject.h"
 
-namespace {
-
-// The engine's position of a panel among all the blocks of its shot's symbol.
-unsigned enginePosition(const SC_Project* project, const SC_Id& shot, const SC_Id& panel)
-{
-    const unsigned count = HostAuthoring::panelCount(project, shot);
-    unsigned position = 0;
-    while (position < count && HostAuthoring::panelId(project, shot, position) != panel)
-        ++position;
-    return position;
-}
-
-} // namespace
-
 InsertPanelCommand::InsertPanelCommand()
     : InsertCommand(QStringLiteral("insert-panel"),
         QStringLiteral("insert a panel after or before a named panel, and save"), "panel")
 {
     ArgumentParser& parser = declare();
     parser.addOption(
-        QStringLiteral("--shot"), QStringLiteral("NAME"), QStringLiteral("the shot of the panel"), true);
+        QStringLiteral("--shot"), QStringLiteral("NAME"), QStringLiteral("the shot of the panel (name, #number or id)"), true);
     parser.setEpilogue(QStringLiteral(
         "The new panel's name is the naming rules' proposal between its neighbours in the shot:\n"
         "custom where the rules give one, automatic otherwise.\n"
@@ -37,11 +25,9 @@ InsertPanelCommand::InsertPanelCommand()
         "example: krolle insert-panel demo.xml --shot SH050 --after 2A"));
 }
 
-ExitStatus InsertPanelCommand::run(const ArgumentValues& arguments)
+EditCommand::Outcome InsertPanelCommand::edit(ProjectDocument& document, const ArgumentValues& arguments)
 {
     const Placement where = placement(arguments);
-    ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")), ProjectDocument::Access::Edit);
     KRC_KrolleProject& view = document.view();
 
     const Krolle::Shot_t shot
@@ -50,7 +36,7 @@ ExitStatus InsertPanelCommand::run(const ArgumentValues& arguments)
     const SC_Id neighbourId = neighbour.id();
     const QString proposal = view.nameHelper()->getPreferedNewPanelName(shot, neighbourId, where.after);
     const SC_Id shotId = shot.id();
-    const unsigned position = enginePosition(document.project(), shotId, neighbourId) + (where.after ? 1 : 0);
+    const unsigned position = EnginePosition::ofPanel(document.project(), shotId, neighbourId) + (where.after ? 1 : 0);
 
     QString error;
     const SC_Id id = HostAuthoring::insertPanel(document.project(), shotId, position, where.length, &error);
@@ -62,9 +48,9 @@ ExitStatus InsertPanelCommand::run(const ArgumentValues& arguments)
         refused("panel", where, NamedObjects::panelLabel(view, view.getPanelByID(neighbourId)),
             QStringLiteral("the shot's time warp would not show it; the file was not saved"));
     NameWriter::set(panel.panelInfo()->name(), proposal);
-    document.save();
 
-    reportInserted(NamedObjects::panelLabel(view, panel), proposal, panel.firstFrame(), panel.lastFrame(),
-        where, NamedObjects::panelLabel(view, view.getPanelByID(neighbourId)), document.path());
-    return ExitStatus::Success;
+    const ObjectJson objects(view, 0);
+    const Krolle::Panel_t beside = view.getPanelByID(neighbourId);
+    return inserted(NamedObjects::panelLabel(view, panel), proposal, objects.panel(panel), where,
+        NamedObjects::panelLabel(view, beside), objects.panel(beside));
 }

@@ -2,6 +2,7 @@
 
 #include "NameWriter.h"
 #include "NamedObjects.h"
+#include "ObjectJson.h"
 #include "ProjectDocument.h"
 
 #include "host/engine/HostEngine.h"
@@ -30,12 +31,10 @@ InsertShotCommand::InsertShotCommand()
         "example: krolle insert-shot demo.xml --after SH060 --sequence SQ030 --panels 3"));
 }
 
-ExitStatus InsertShotCommand::run(const ArgumentValues& arguments)
+EditCommand::Outcome InsertShotCommand::edit(ProjectDocument& document, const ArgumentValues& arguments)
 {
     const Placement where = placement(arguments);
     const unsigned panels = arguments.number(QStringLiteral("--panels"), 1, 1, kMostPanels);
-    ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")), ProjectDocument::Access::Edit);
     KRC_KrolleProject& view = document.view();
 
     const Krolle::Shot_t neighbour = NamedObjects::shot(view, where.neighbour, where.sequence);
@@ -56,9 +55,9 @@ ExitStatus InsertShotCommand::run(const ArgumentValues& arguments)
     NameWriter::set(info->name(), proposal);
     NameWriter::copy(info->actName(), act);
     NameWriter::copy(info->sequenceName(), sequence);
-    document.save();
 
-    reportInserted(NamedObjects::shotLabel(view, shot), proposal, shot.firstFrame(), shot.lastFrame(), where,
-        NamedObjects::shotLabel(view, view.getShotByID(neighbourId)), document.path());
-    return ExitStatus::Success;
+    const ObjectJson objects(view, 0);
+    const Krolle::Shot_t beside = view.getShotByID(neighbourId);
+    return inserted(NamedObjects::shotLabel(view, shot), proposal, objects.shot(shot), where,
+        NamedObjects::shotLabel(view, beside), objects.shot(beside));
 }

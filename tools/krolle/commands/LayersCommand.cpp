@@ -97,7 +97,7 @@ LayersCommand::LayersCommand()
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
     parser.addOption(QStringLiteral("--panel"), QStringLiteral("SHOT/PANEL"),
-        QStringLiteral("the panel, by the names of its shot and itself"), true);
+        QStringLiteral("the panel, by names or #numbers of its shot and itself, or its id"), true);
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
     parser.setEpilogue(QStringLiteral(
         "Layers are the top-level pegs and elements of the panel's scene, first to last as the\n"
@@ -120,6 +120,7 @@ ExitStatus LayersCommand::run(const ArgumentValues& arguments)
     const QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("layers") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
         { QStringLiteral("panel"), NamedObjects::panelLabel(view, panel) },
+        { QStringLiteral("panelId"), panel.id().toString() },
         { QStringLiteral("layers"), entries } };
     if (arguments.isSet(QStringLiteral("--json")))
         Console::outJson(answer);

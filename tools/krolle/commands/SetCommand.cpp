@@ -21,16 +21,6 @@ const QString kProject = QStringLiteral("--project");
 const QString kField = QStringLiteral("--field");
 const QString kValue = QStringLiteral("--value");
 
-// The panel named "SHOT/PANEL"; a missing slash is a usage error.
-Krolle::Panel_t namedPanel(const KRC_KrolleProject& view, const QString& path)
-{
-    const int slash = path.indexOf(QLatin1Char('/'));
-    if (slash <= 0 || slash == path.size() - 1)
-        throw ToolError::usage(QStringLiteral("--panel takes SHOT/PANEL, not \"%1\"").arg(path));
-    const Krolle::Shot_t shot = NamedObjects::shot(view, path.left(slash), QString());
-    return NamedObjects::panel(view, shot, path.mid(slash + 1));
-}
-
 } // namespace
 
 SetCommand::SetCommand()
@@ -38,7 +28,7 @@ SetCommand::SetCommand()
 {
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to change"));
-    parser.addOption(kPanel, QStringLiteral("SHOT/PANEL"), QStringLiteral("the panel, by its shot's and its own name"));
+    parser.addOption(kPanel, QStringLiteral("SHOT/PANEL"), QStringLiteral("the panel, by names or #numbers of its shot and itself, or its id"));
     parser.addFlag(kProject, QStringLiteral("set a project field instead of a panel's"));
     parser.addOption(kField, QStringLiteral("NAME"), QStringLiteral("the field, by its name"), true);
     parser.addOption(kValue, QStringLiteral("TEXT"), QStringLiteral("the new value (plain text, or an image's key)"), true);
@@ -56,11 +46,13 @@ ExitStatus SetCommand::run(const ArgumentValues& arguments)
     const KRC_InfoFieldDesc& desc
         = *view.getInfoFieldDesc(panel, InfoFieldText::fieldId(view, panel, name, document.path()));
     QString owner = QStringLiteral("the project");
+    QJsonValue ownerId;
     KRC_InfoFieldList* list = view.infoFieldList();
     KRC_InfoFieldDescList* descs = view.infoFieldDescList();
     if (panel) {
-        const Krolle::Panel_t target = namedPanel(view, arguments.value(kPanel));
+        const Krolle::Panel_t target = NamedObjects::panelByPath(view, arguments.value(kPanel));
         owner = NamedObjects::panelLabel(view, target);
+        ownerId = target.id().toString();
         list = target.infoFieldList();
         descs = view.panelInfoFieldDescList();
     }
@@ -73,7 +65,8 @@ ExitStatus SetCommand::run(const ArgumentValues& arguments)
     if (arguments.isSet(QStringLiteral("--json"))) {
         Console::outJson(QJsonObject { { QStringLiteral("krolle"), QStringLiteral("set") },
             { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
-            { QStringLiteral("owner"), owner }, { QStringLiteral("field"), name },
+            { QStringLiteral("owner"), owner }, { QStringLiteral("ownerId"), ownerId },
+            { QStringLiteral("field"), name },
             { QStringLiteral("value"), value } });
         return ExitStatus::Success;
     }

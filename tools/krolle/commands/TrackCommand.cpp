@@ -24,7 +24,7 @@ TrackCommand::TrackCommand()
 {
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to change"));
-    parser.addOption(kPanel, QStringLiteral("SHOT/PANEL"), QStringLiteral("the panel, by its shot's and its own name"), true);
+    parser.addOption(kPanel, QStringLiteral("SHOT/PANEL"), QStringLiteral("the panel, by names or #numbers of its shot and itself, or its id"), true);
     parser.addOption(kNote, QStringLiteral("TEXT"), QStringLiteral("why the panel is tracked"));
     parser.addFlag(kOff, QStringLiteral("mark the panel as not tracked"));
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
@@ -51,7 +51,8 @@ ExitStatus TrackCommand::run(const ArgumentValues& arguments)
     if (arguments.isSet(QStringLiteral("--json"))) {
         Console::outJson(QJsonObject { { QStringLiteral("krolle"), QStringLiteral("track") },
             { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
-            { QStringLiteral("panel"), label }, { QStringLiteral("tracked"), tracked },
+            { QStringLiteral("panel"), label }, { QStringLiteral("panelId"), panel.id().toString() },
+            { QStringLiteral("tracked"), tracked },
             { QStringLiteral("date"), date }, { QStringLiteral("note"), record->trackingNote() } });
         return ExitStatus::Success;
     }

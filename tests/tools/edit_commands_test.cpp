@@ -1,0 +1,132 @@
+// Edits and addresses: show, rename, lock-names, remove, move, set-length and transitions,
+// each run on a fresh copy of the sample and compared with golden outputs.
+#include "ToolProcess.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+namespace {
+
+class ToolEdits : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_EQ(sandbox.run({ "demo", "--out", "demo.xml" }).exitCode, 0);
+        ASSERT_EQ(sandbox.run({ "new", "small.xml", "--shots", "3", "--panels-per-shot", "2", "--seed", "7" }).exitCode, 0);
+        demo = sandbox.read("demo.xml");
+        small = sandbox.read("small.xml");
+    }
+
+    // Puts both files back as they were made.
+    void restore()
+    {
+        sandbox.write("demo.xml", demo);
+        sandbox.write("small.xml", small);
+    }
+
+    QJsonObject json(const QStringList& arguments)
+    {
+        const ToolRun run = sandbox.run(arguments);
+        EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+        return QJsonDocument::fromJson(run.out.toUtf8()).object();
+    }
+
+    ToolSandbox sandbox;
+    QByteArray demo;
+    QByteArray small;
+};
+
+TEST_F(ToolEdits, GoldenOutputsOnFreshFiles)
+{
+    const std::pair<QStringList, const char*> cases[] = {
+        { { "show", "demo.xml", "--shot", "SH030" }, "show_shot.txt" },
+        { { "show", "demo.xml", "--panel", "#5/3", "--json" }, "show_panel.json" },
+        { { "show", "demo.xml", "--transition", "#1" }, "show_transition.txt" },
+        { { "rename", "demo.xml", "--shot", "SH030", "--to", "SH025" }, "rename_shot.txt" },
+        { { "rename", "demo.xml", "--panel", "SH050/2A", "--auto", "--dry-run" }, "rename_panel_auto.txt" },
+        { { "rename", "demo.xml", "--sequence", "SQ020", "--to", "SQ025", "--json" }, "rename_sequence.json" },
+        { { "lock-names", "small.xml", "--to", "#2", "--panels" }, "lock_names.txt" },
+        { { "remove", "small.xml", "--shot", "#1" }, "remove_shot.txt" },
+        { { "remove", "demo.xml", "--panel", "SH010/1", "--json" }, "remove_panel.json" },
+        { { "move", "small.xml", "--shot", "3", "--before", "1" }, "move_shot.txt" },
+        { { "move", "demo.xml", "--panel", "SH010/1", "--after", "SH020/1" }, "move_panel.txt" },
+        { { "set-length", "demo.xml", "--panel", "SH010/2", "--length", "16" }, "set_length.txt" },
+        { { "add-transition", "demo.xml", "--after", "SH040", "--length", "6", "--type", "wipe", "--json" },
+            "add_transition.json" },
+        { { "remove-transition", "demo.xml", "--transition", "#1", "--dry-run" }, "remove_transition.txt" },
+    };
+    for (const auto& [arguments, golden] : cases) {
+        restore();
+        const ToolRun run = sandbox.run(arguments);
+        EXPECT_EQ(run.exitCode, 0) << arguments.join(' ').toStdString() << ": " << run.err.toStdString();
+        EXPECT_EQ(run.out, goldenText(QString::fromLatin1(golden), run.out)) << arguments.join(' ').toStdString();
+        const bool changes = arguments.first() != "show" && !arguments.contains("--dry-run");
+        EXPECT_EQ(sandbox.read("demo.xml") != demo || sandbox.read("small.xml") != small, changes)
+            << arguments.join(' ').toStdString();
+    }
+}
+
+TEST_F(ToolEdits, RefusalsChangeNothing)
+{
+    ASSERT_EQ(sandbox.run({ "rename", "small.xml", "--shot", "#2", "--to", "1" }).exitCode, 0);
+    small = sandbox.read("small.xml");
+    const std::tuple<QStringList, int, const char*> cases[] = {
+        { { "show", "small.xml", "--shot", "1" }, 1,
+            "the shot name \"1\" is ambiguous: shot 1 \"1\" in sequence \"SQ010\" (#1, 0x" },
+        { { "show", "demo.xml", "--shot", "#13" }, 1, "there is no shot #13: there are 12" },
+        { { "show", "demo.xml", "--panel", "SH010/#9" }, 1, "there is no panel #9 in shot 1 \"SH010\": there are 4" },
+        { { "show", "demo.xml", "--panel", "0x00000000000fffff" }, 1, "no panel has the id 0x00000000000fffff" },
+        { { "show", "demo.xml", "--shot", "SH010", "--transition", "#1" }, 64, "give exactly one of" },
+        { { "set-length", "demo.xml", "--shot", "SH020", "--length", "3" }, 1, "cannot give shot 2 \"SH020\" 3 frames" },
+        { { "move", "demo.xml", "--shot", "SH010", "--before", "SH030" }, 1, "cannot move shot 1 \"SH010\" before" },
+        // SH080 shows its last panel through its warp: taking it would leave frames without a panel.
+        { { "move", "demo.xml", "--panel", "SH080/3", "--before", "#1/1" }, 1, "which would end at frame 20" },
+        { { "add-transition", "demo.xml", "--after", "SH020", "--length", "2" }, 1, "cannot add a transition after" },
+        { { "set-length", "demo.xml", "--shot", "SH010", "--length", "0" }, 64, "--length needs a whole number" },
+        { { "rename", "demo.xml", "--act", "Nowhere", "--to", "X" }, 1, "no act is named \"Nowhere\"" },
+    };
+    for (const auto& [arguments, exitCode, message] : cases) {
+        restore();
+        const ToolRun run = sandbox.run(arguments);
+        EXPECT_EQ(run.exitCode, exitCode) << arguments.join(' ').toStdString() << ": " << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QString::fromUtf8(message))) << run.err.toStdString();
+        EXPECT_EQ(sandbox.read("demo.xml"), demo) << arguments.join(' ').toStdString();
+        EXPECT_EQ(sandbox.read("small.xml"), small) << arguments.join(' ').toStdString();
+    }
+}
+
+// Kept names do not follow their places: removing the first shot moves no other name,
+// and giving one back its automatic name shows it moving.
+TEST_F(ToolEdits, KeptNamesStayWhenObjectsMove)
+{
+    EXPECT_EQ(sandbox.run({ "lock-names", "small.xml", "--panels" }).exitCode, 0);
+    const QJsonObject removed = json({ "remove", "small.xml", "--shot", "#1", "--json" });
+    EXPECT_TRUE(removed["renamed"].toArray().isEmpty());
+    const QJsonArray moved = json({ "rename", "small.xml", "--shot", "2", "--auto", "--json" })["renamed"].toArray();
+    ASSERT_EQ(moved.size(), 1);
+    EXPECT_EQ(moved[0].toObject()["before"].toString() + moved[0].toObject()["after"].toString(), "21");
+}
+
+// Every command that names a panel takes the same addresses; ids stay true across edits.
+TEST_F(ToolEdits, NamesNumbersAndIdsAddressTheSameObject)
+{
+    const QJsonObject panel = json({ "show", "demo.xml", "--panel", "SH080/3", "--json" })["object"].toObject();
+    const QString id = panel["id"].toString();
+    for (const QString& address : { QStringLiteral("#8/3"), QStringLiteral("SH080/#3"), id }) {
+        EXPECT_EQ(json({ "show", "demo.xml", "--panel", address, "--json" })["object"].toObject(), panel);
+        EXPECT_EQ(sandbox.run({ "layers", "demo.xml", "--panel", address }).out,
+            sandbox.run({ "layers", "demo.xml", "--panel", "SH080/3" }).out);
+    }
+    EXPECT_EQ(sandbox.run({ "camera", "demo.xml", "23", "--shot", "#4" }).out, sandbox.run({ "camera", "demo.xml", "140" }).out);
+    const QString moved = json({ "show", "demo.xml", "--panel", "SH040/2", "--json" })["object"].toObject()["id"].toString();
+    ASSERT_EQ(sandbox.run({ "move", "demo.xml", "--panel", moved, "--before", "#1/1" }).exitCode, 0);
+    EXPECT_EQ(json({ "show", "demo.xml", "--panel", moved, "--json" })["label"].toString(),
+        QStringLiteral("panel 1 \"1\" of shot 1 \"SH010\""));
+}
+
+} // namespace

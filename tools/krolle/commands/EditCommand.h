@@ -1,0 +1,44 @@
+// Base of the commands that change one thing in a project file.
+#pragma once
+
+#include "Command.h"
+
+#include <QJsonObject>
+
+class ProjectDocument;
+
+// What every edit shares: FILE, --dry-run and --json, the one load-edit-save path
+// (ProjectDocument opened for editing: lock, fingerprint, tracking, atomic save), and
+// the report of what the edit did to the names around it (NameChanges). The derived
+// command reads its own options, finds its objects and edits through the engine's
+// authoring; it returns what it did, and this class notifies, compares the names,
+// saves unless it is a dry run, and prints. A dry run makes the edit in memory only
+// and leaves the file (and its lock) alone. A refused edit throws before anything is
+// saved.
+class EditCommand : public Command
+{
+public:
+    // What the edit did: one sentence in the past tense without the file ('removed
+    // shot 3 "SH030"'), and the keys of the JSON document that say the same, each
+    // object with its name and id.
+    struct Outcome
+    {
+        QString sentence;
+        QJsonObject json;
+    };
+
+protected:
+    EditCommand(const QString& name, const QString& summary);
+
+    virtual Outcome edit(ProjectDocument& document, const ArgumentValues& arguments) = 0;
+    // Checks the command line before the file is opened, so that bad usage is said first.
+    virtual void checkUsage(const ArgumentValues& arguments) const;
+
+    // The failure of an edit that the engine refused; what: 'remove shot 3 "SH030"'.
+    [[noreturn]] static void refused(const QString& what, const QString& error);
+    // A length in frames given to an option; every edit reads lengths through here.
+    static unsigned frameCount(const ArgumentValues& arguments, const QString& option);
+
+private:
+    ExitStatus run(const ArgumentValues& arguments) final;
+};

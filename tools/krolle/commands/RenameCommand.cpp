@@ -1,0 +1,166 @@
+#include "RenameCommand.h"
+
+#include "ChosenObject.h"
+#include "NameWriter.h"
+#include "ObjectJson.h"
+#include "ProjectDocument.h"
+
+#include "metadata/KRC_PanelInfo.h"
+#include "metadata/KRC_SceneInfo.h"
+#include "naming/KRC_ObjectName.h"
+#include "project/KRC_KrolleProject.h"
+
+#include <QJsonArray>
+
+#include <vector>
+
+namespace {
+
+const int kKinds = ChosenObject::Shot | ChosenObject::Panel;
+const QString kSequence = QStringLiteral("--sequence");
+const QString kAct = QStringLiteral("--act");
+const QString kTo = QStringLiteral("--to");
+const QString kAuto = QStringLiteral("--auto");
+
+// A run of neighbouring shots with one act or sequence name.
+struct Run
+{
+    unsigned number;
+    QString name;
+    std::vector<SC_Id> shots;
+};
+
+std::vector<Run> runsOf(const KRC_KrolleProject& view, bool acts)
+{
+    std::vector<Run> runs;
+    for (auto shot = view.beginShot(), end = view.endShot(); shot != end; ++shot) {
+        const bool starts = acts ? !view.hasMoreKRSceneInCurKRAct(*shot, false)
+                                 : !view.hasMoreKRSceneInCurKRSequence(*shot, false);
+        if (starts || runs.empty())
+            runs.push_back(Run { unsigned(runs.size() + 1), acts ? shot->actName() : shot->sequenceName(), {} });
+        runs.back().shots.push_back(shot->id());
+    }
+    return runs;
+}
+
+// The run named by "#n" or by its name, which one run only may carry.
+Run findRun(const KRC_KrolleProject& view, bool acts, const QString& address)
+{
+    const char* what = acts ? "act" : "sequence";
+    if (!acts && !view.sequenceExists())
+        throw ToolError::failure(QStringLiteral("the project has no sequences"));
+    const std::vector<Run> runs = runsOf(view, acts);
+    std::vector<Run> found;
+    for (const Run& run : runs) {
+        if (address == QStringLiteral("#%1").arg(run.number) || run.name == address)
+            found.push_back(run);
+    }
+    if (found.empty())
+        throw ToolError::failure(QStringLiteral("no %1 is named \"%2\"").arg(QLatin1String(what), address));
+    if (found.size() > 1) {
+        QStringList candidates;
+        for (const Run& run : found)
+            candidates << QStringLiteral("%1 %2 (#%2, %3 shots)")
+                              .arg(QLatin1String(what), QString::number(run.number), QString::number(run.shots.size()));
+        throw ToolError::failure(QStringLiteral("the %1 name \"%2\" is ambiguous: %3; name one by its number")
+                                     .arg(QLatin1String(what), address, candidates.join(QStringLiteral(", "))));
+    }
+    return found.front();
+}
+
+// The new name: the text of --to, or null for --auto.
+QString wantedName(const ArgumentValues& arguments)
+{
+    if (arguments.exactlyOne({ kTo, kAuto }) == kAuto)
+        return QString();
+    const QString name = arguments.value(kTo);
+    if (name.isEmpty())
+        throw ToolError::usage(QStringLiteral("--to needs a name that is not empty; --auto gives the automatic one"));
+    return name;
+}
+
+void writeName(const KRC_KrolleProject& view, KRC_ObjInfo& record, KRC_ObjectName& stored, const QString& name,
+    const QString& label)
+{
+    if (stored.isLocked())
+        throw ToolError::failure(QStringLiteral("the name of %1 is locked").arg(label));
+    NameWriter::set(stored, name);
+    NameWriter::announce(record, view.changeManager());
+}
+
+QString sentence(const QString& label, const QString& wanted, const QString& after)
+{
+    if (wanted.isNull())
+        return QStringLiteral("gave %1 its automatic name \"%2\"").arg(label, after);
+    return QStringLiteral("renamed %1 to \"%2\"").arg(label, after);
+}
+
+EditCommand::Outcome renameRun(KRC_KrolleProject& view, bool acts, const QString& address, const QString& wanted)
+{
+    const Run run = findRun(view, acts, address);
+    const QString label = QStringLiteral("%1 %2 \"%3\"")
+                              .arg(acts ? QStringLiteral("act") : QStringLiteral("sequence"),
+                                  QString::number(run.number), run.name);
+    for (const SC_Id& id : run.shots) {
+        KRC_SceneInfo* info = view.getShotByID(id).sceneInfo();
+        writeName(view, *info, acts ? info->actName() : info->sequenceName(), wanted, label);
+    }
+    view.changeManager()->notify();
+    const Krolle::Shot_t first = view.getShotByID(run.shots.front());
+    const QString after = acts ? first.actName() : first.sequenceName();
+    QJsonArray shots;
+    for (const SC_Id& id : run.shots)
+        shots.append(id.toString());
+    return { sentence(label, wanted, after),
+        QJsonObject { { QStringLiteral("kind"), acts ? QStringLiteral("act") : QStringLiteral("sequence") },
+            { QStringLiteral("before"), run.name }, { QStringLiteral("after"), after },
+            { QStringLiteral("object"),
+                QJsonObject { { QStringLiteral("number"), static_cast<int>(run.number) },
+                    { QStringLiteral("name"), after }, { QStringLiteral("shots"), shots } } } } };
+}
+
+} // namespace
+
+RenameCommand::RenameCommand()
+    : EditCommand(QStringLiteral("rename"),
+        QStringLiteral("give a shot, panel, sequence or act a custom name, or its automatic one back"))
+{
+    ArgumentParser& parser = declare();
+    ChosenObject::declare(parser, QStringLiteral("rename"), kKinds);
+    parser.addOption(kSequence, QStringLiteral("SEQUENCE"), QStringLiteral("rename this sequence: its name or #number"));
+    parser.addOption(kAct, QStringLiteral("ACT"), QStringLiteral("rename this act: its name or #number"));
+    parser.addOption(kTo, QStringLiteral("NAME"), QStringLiteral("the new custom name"));
+    parser.addFlag(kAuto, QStringLiteral("go back to the automatic name"));
+    parser.setEpilogue(QStringLiteral(
+        "A sequence or an act is renamed in every shot of its run. Automatic names that move\n"
+        "because of the new name are listed.\n"
+        "\n"
+        "example: krolle rename demo.xml --shot SH030 --to SH025"));
+}
+
+EditCommand::Outcome RenameCommand::edit(ProjectDocument& document, const ArgumentValues& arguments)
+{
+    KRC_KrolleProject& view = document.view();
+    const QString wanted = wantedName(arguments);
+    const QString option = arguments.exactlyOne({ QStringLiteral("--shot"), QStringLiteral("--panel"), kSequence, kAct });
+    if (option == kSequence || option == kAct)
+        return renameRun(view, option == kAct, arguments.value(option), wanted);
+
+    const ChosenObject chosen = ChosenObject::read(view, arguments, kKinds);
+    const QString label = chosen.label(view);
+    const QString before = chosen.kind() == ChosenObject::Shot ? chosen.shot().name() : chosen.panel().name();
+    KRC_ObjInfo* record = chosen.kind() == ChosenObject::Shot ? static_cast<KRC_ObjInfo*>(chosen.shot().sceneInfo())
+                                                              : chosen.panel().panelInfo();
+    writeName(view, *record, record->name(), wanted, label);
+    document.notify();
+    const ChosenObject renamed = chosen.again(view);
+    const QString after = renamed.kind() == ChosenObject::Shot ? renamed.shot().name() : renamed.panel().name();
+    return { sentence(label, wanted, after),
+        QJsonObject { { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("before"), before },
+            { QStringLiteral("after"), after }, { QStringLiteral("object"), renamed.json(ObjectJson(view, 0)) } } };
+}
+
+void RenameCommand::checkUsage(const ArgumentValues& arguments) const
+{
+    wantedName(arguments);
+}
