@@ -60,13 +60,15 @@ CameraCommand::CameraCommand()
 {
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
-    parser.addPositional(QStringLiteral("FRAME"), QStringLiteral("project frame, counted from 1"));
+    parser.addPositional(QStringLiteral("FRAME"), QStringLiteral("project frame, counted from 1, or a timecode with --fps"));
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
+    parser.addTimecodeOptions(QStringLiteral("the rate of a FRAME given as a timecode"));
 }
 
 ExitStatus CameraCommand::run(const ArgumentValues& arguments)
 {
-    const unsigned frame = arguments.positionalNumber(QStringLiteral("FRAME"), 1, 0xFFFFFFFEu);
+    const unsigned frame
+        = arguments.frame(QStringLiteral("FRAME"), arguments.positional(QStringLiteral("FRAME")), arguments.timecode());
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();
