@@ -32,9 +32,10 @@ int main(int argc, char** argv)
     for (unsigned frame = 1; frame <= frames; frame += 5) {
         const Krolle::Shot_t shot = view->getShotAt(frame, KRC_KrolleProject::PreferPrevious);
         const Krolle::Panel_t panel = view->getPanelAt(frame, KRC_KrolleProject::PreferPrevious);
-        std::printf("frame %3u: shot %llu [%u-%u], panel %llu [%u-%u]\n", frame,
-                    static_cast<unsigned long long>(shot.id().value()), shot.firstFrame(), shot.lastFrame(),
-                    static_cast<unsigned long long>(panel.id().value()), panel.firstFrame(), panel.lastFrame());
+        // Names, as a person reads them: the library computes the automatic ones from the rules.
+        std::printf("frame %3u: shot %s [%u-%u], panel %s [%u-%u]\n", frame, qPrintable(shot.name()),
+                    shot.firstFrame(), shot.lastFrame(), qPrintable(panel.name()), panel.firstFrame(),
+                    panel.lastFrame());
     }
     session->releaseProject();
     return 0;

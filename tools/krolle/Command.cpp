@@ -3,6 +3,8 @@
 #include "Console.h"
 #include "ToolEnvironment.h"
 
+#include <QFileInfo>
+
 Command::Command(const QString& name, const QString& summary)
     : m_name(name)
     , m_parser(QStringLiteral("krolle ") + name)
@@ -22,4 +24,10 @@ ExitStatus Command::execute(const QStringList& arguments)
     }
     ToolEnvironment environment;
     return run(values);
+}
+
+void Command::refuseToOverwrite(const QString& path, const ArgumentValues& arguments)
+{
+    if (QFileInfo::exists(path) && !arguments.isSet(QStringLiteral("--force")))
+        throw ToolError::failure(QStringLiteral("%1 already exists; choose another name or add --force").arg(path));
 }

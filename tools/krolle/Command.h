@@ -25,6 +25,8 @@ protected:
     Command(const QString& name, const QString& summary);
 
     ArgumentParser& declare() { return m_parser; }
+    // Refuses (status 1) to write over an existing file unless --force was given.
+    static void refuseToOverwrite(const QString& path, const ArgumentValues& arguments);
     virtual ExitStatus run(const ArgumentValues& arguments) = 0;
 
 private:

@@ -2,12 +2,14 @@
 
 #include "Command.h"
 #include "Console.h"
+#include "NearestWord.h"
 #include "TextTable.h"
 
 #include "commands/AtCommand.h"
 #include "commands/CameraCommand.h"
 #include "commands/ChangesCommand.h"
 #include "commands/CheckCommand.h"
+#include "commands/CompletionCommand.h"
 #include "commands/DefaultsCommand.h"
 #include "commands/DemoCommand.h"
 #include "commands/DrawingsCommand.h"
@@ -17,6 +19,7 @@
 #include "commands/InsertPanelCommand.h"
 #include "commands/InsertShotCommand.h"
 #include "commands/LayersCommand.h"
+#include "commands/ManCommand.h"
 #include "commands/NewCommand.h"
 #include "commands/OutlineCommand.h"
 #include "commands/RulesCommand.h"
@@ -58,6 +61,9 @@ KrolleTool::KrolleTool()
     // Change tracking.
     m_commands.emplace_back(new TrackCommand);
     m_commands.emplace_back(new ChangesCommand);
+    // The tool's own description, made from the declarations above.
+    m_commands.emplace_back(new CompletionCommand(m_commands));
+    m_commands.emplace_back(new ManCommand(m_commands));
 }
 
 KrolleTool::~KrolleTool() = default;
@@ -69,7 +75,7 @@ QString KrolleTool::helpText() const
     for (const auto& command : m_commands)
         commands.addRow({ command->name(), command->parser().summary() });
     return QStringLiteral("usage: krolle <command> [arguments] [options]\n"
-                          "       krolle --help | --version\n"
+                          "       krolle --help | help <command> | --version | -V | version\n"
                           "\n"
                           "A command-line front end over storyboard project files.\n"
                           "\n"
@@ -94,18 +100,31 @@ ExitStatus KrolleTool::dispatch(const QStringList& arguments)
 {
     const QString first = arguments.value(0);
     if (first == QLatin1String("--help") || first == QLatin1String("-h") || first == QLatin1String("help")) {
-        Command* command = find(arguments.value(1));
-        Console::out(command ? command->parser().helpText() : helpText());
+        if (arguments.size() < 2) {
+            Console::out(helpText());
+            return ExitStatus::Success;
+        }
+        Console::out(known(arguments.at(1))->parser().helpText());
         return ExitStatus::Success;
     }
-    if (first == QLatin1String("--version")) {
+    if (first == QLatin1String("--version") || first == QLatin1String("-V") || first == QLatin1String("version")) {
         Console::out(QString::fromUtf8(kVersionText));
         return ExitStatus::Success;
     }
-    Command* command = find(first);
-    if (!command)
-        throw ToolError::usage(QStringLiteral("unknown command '%1'").arg(first));
-    return command->execute(arguments.mid(1));
+    return known(first)->execute(arguments.mid(1));
+}
+
+Command* KrolleTool::known(const QString& name) const
+{
+    if (Command* command = find(name))
+        return command;
+    QStringList names;
+    for (const auto& command : m_commands)
+        names << command->name();
+    const QString hint = name.startsWith(QLatin1Char('-'))
+        ? NearestWord::hint(name, { QStringLiteral("--help"), QStringLiteral("--version") })
+        : NearestWord::hint(name, names);
+    throw ToolError::usage(QStringLiteral("unknown command '%1'%2").arg(name, hint));
 }
 
 int KrolleTool::run(const QStringList& arguments)
