@@ -9,7 +9,7 @@ struct Case
 {
     QStringList arguments;
     int status;
-    const char* golden; // of standard output, or of standard error when the status is not 0
+    const char* golden; // of standard output, then standard error
     const char* input = nullptr; // a sandbox file given as standard input
 };
 
@@ -47,7 +47,7 @@ TEST(ToolConventions, CommandLinesAgainstGoldens)
     };
     for (const Case& one : cases) {
         const ToolRun run = sandbox.run(one.arguments, one.input ? QString::fromLatin1(one.input) : QString());
-        const QString& shown = one.status == 0 ? run.out : run.err;
+        const QString shown = run.out + run.err;
         EXPECT_EQ(run.exitCode, one.status) << one.arguments.join(' ').toStdString() << "\n" << run.err.toStdString();
         EXPECT_EQ(shown, goldenText(QString::fromLatin1(one.golden), shown)) << one.arguments.join(' ').toStdString();
     }

@@ -34,7 +34,8 @@ FrameRate fromFraction(const QString& text, bool* ok)
 FrameRate fromDecimal(const QString& text, bool* ok)
 {
     const double value = text.toDouble(ok);
-    if (!*ok || !std::isfinite(value) || text.startsWith(QLatin1Char('+')))
+    *ok = *ok && std::isfinite(value) && !text.startsWith(QLatin1Char('+'));
+    if (!*ok)
         return FrameRate();
     const double nominal = std::round(value);
     *ok = nominal >= 1 && nominal <= FrameRate::kMostFps;
