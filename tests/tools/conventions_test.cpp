@@ -19,6 +19,7 @@ TEST(ToolConventions, CommandLinesAgainstGoldens)
     ASSERT_EQ(sandbox.run({ "demo", "--out", "demo.xml" }).exitCode, 0);
     sandbox.write("frames.txt", "10\n00:00:03:07\t450\n");
     ASSERT_EQ(sandbox.run({ "demo", "--out", "off.xml" }).exitCode, 0);
+    sandbox.write("rule9.xml", sandbox.read("demo.xml").replace("autoIncrementRule=\"4\"", "autoIncrementRule=\"9\""));
     const Case cases[] = {
         { { "at", "demo.xml", "00:00:03:07", "--fps", "24" }, 0, "conv_at_timecode.txt" },
         { { "at", "demo.xml", "-", "--fps", "24", "--prefer", "next" }, 0, "conv_at_stdin.txt", "frames.txt" },
@@ -32,6 +33,9 @@ TEST(ToolConventions, CommandLinesAgainstGoldens)
         // SH065 after SH060 leaves SH060 off the rules, counting by ten between SH050 and SH065.
         { { "insert-shot", "off.xml", "--after", "SH060", "--panels", "2" }, 0, "conv_insert_warns.txt" },
         { { "check", "off.xml" }, 1, "conv_check_expected.txt" },
+        { { "insert-shot", "rule9.xml", "--after", "SH010" }, 1, "conv_insert_unknown_rule.txt" },
+        { { "insert-panel", "off.xml", "--shot", "SH050", "--after", "2A", "--length", "00:00:01:00", "--fps", "24" },
+            0, "conv_insert_length_timecode.txt" },
         { { "completion", "bash" }, 0, "completion.bash" },
         { { "completion", "zsh" }, 0, "completion.zsh" },
         { { "man" }, 0, "krolle.1" },
