@@ -36,6 +36,7 @@ TEST(ToolConventions, CommandLinesAgainstGoldens)
         { { "insert-shot", "rule9.xml", "--after", "SH010" }, 1, "conv_insert_unknown_rule.txt" },
         { { "insert-panel", "off.xml", "--shot", "SH050", "--after", "2A", "--length", "00:00:01:00", "--fps", "24" },
             0, "conv_insert_length_timecode.txt" },
+        { { "new", "-", "--shots", "2", "--panels-per-shot", "1" }, 0, "conv_new_stdout.xml" },
         { { "completion", "bash" }, 0, "completion.bash" },
         { { "completion", "zsh" }, 0, "completion.zsh" },
         { { "man" }, 0, "krolle.1" },

@@ -1,6 +1,7 @@
 #include "Command.h"
 
 #include "Console.h"
+#include "ProjectDocument.h"
 #include "ToolEnvironment.h"
 
 #include <QFileInfo>
@@ -30,4 +31,12 @@ void Command::refuseToOverwrite(const QString& path, const ArgumentValues& argum
 {
     if (QFileInfo::exists(path) && !arguments.isSet(QStringLiteral("--force")))
         throw ToolError::failure(QStringLiteral("%1 already exists; choose another name or add --force").arg(path));
+}
+
+void Command::reportWritten(const QString& path, const QString& report)
+{
+    if (ProjectDocument::isStandardStream(path))
+        Console::err(report);
+    else
+        Console::out(report);
 }

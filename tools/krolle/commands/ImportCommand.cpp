@@ -70,11 +70,11 @@ ExitStatus ImportCommand::run(const ArgumentValues& arguments)
     }
     document.save(out);
     const ProjectSummary summary(document.view());
-    if (arguments.isSet(QStringLiteral("--json")))
+    if (arguments.isSet(QStringLiteral("--json")) && !ProjectDocument::isStandardStream(out))
         Console::outJson({ { QStringLiteral("krolle"), QStringLiteral("import") }, { QStringLiteral("file"), cut },
             { QStringLiteral("out"), out }, { QStringLiteral("counts"), summary.json() },
             { QStringLiteral("skipped"), QJsonArray::fromStringList(board.skipped) } });
     else
-        Console::out(QStringLiteral("wrote %1: %2\n").arg(out, summary.text()));
+        reportWritten(out, QStringLiteral("wrote %1: %2\n").arg(out, summary.text()));
     return ExitStatus::Success;
 }

@@ -72,11 +72,6 @@ ExitStatus NewCommand::run(const ArgumentValues& arguments)
     ProjectDocument document;
     StoryboardPlan::generated(settings).build(document);
     document.save(path);
-    // Written to standard output, the project is the output; the report goes beside it.
-    const QString report = QStringLiteral("wrote %1: %2\n").arg(path, ProjectSummary(document.view()).text());
-    if (ProjectDocument::isStandardStream(path))
-        Console::err(report);
-    else
-        Console::out(report);
+    reportWritten(path, QStringLiteral("wrote %1: %2\n").arg(path, ProjectSummary(document.view()).text()));
     return ExitStatus::Success;
 }
