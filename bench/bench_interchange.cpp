@@ -5,6 +5,7 @@
 #include "NameChanges.h"
 #include "ProjectDocument.h"
 #include "StoryboardPlan.h"
+#include "Timecode.h"
 #include "interchange/OtioReader.h"
 #include "interchange/OtioWriter.h"
 #include "interchange/StoryboardCut.h"
@@ -44,7 +45,8 @@ ProjectDocument& boardOf(unsigned panels)
 QByteArray otioOf(const ProjectDocument& board)
 {
     const StoryboardCut cut = StoryboardCut::read(board.view(), StoryboardCut::By::Panel, QStringLiteral("bench"));
-    return QJsonDocument(OtioWriter::write(cut, kFps)).toJson(QJsonDocument::Indented);
+    const Timecode record(FrameRate(kFps, 1), 3600ull * kFps);
+    return QJsonDocument(OtioWriter::write(cut, record)).toJson(QJsonDocument::Indented);
 }
 
 void BM_ExportOtio(benchmark::State& state)
@@ -85,8 +87,45 @@ void BM_WhatMoved(benchmark::State& state)
         double(state.range(0)), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
+// Timecodes: a drop-frame label and the way back, for every frame of an hour at 29.97.
+void BM_DropFrameTimecodes(benchmark::State& state)
+{
+    const Timecode clock(FrameRate(30000, 1001, true));
+    const unsigned long long frames = 107892; // one hour
+    for (auto _ : state) {
+        unsigned long long sum = 0;
+        QString error;
+        for (unsigned long long count = 0; count < frames; ++count) {
+            unsigned long long back = 0;
+            clock.count(clock.label(count), &back, &error);
+            sum += back;
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    state.counters["per_frame_ns"] = benchmark::Counter(
+        double(frames), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+// "krolle new" without its save: the plan of shots, acts and sequences built in the engine.
+void BM_GenerateBoard(benchmark::State& state)
+{
+    GeneratorSettings settings;
+    settings.shots = unsigned(state.range(0));
+    settings.panelsPerShot = kPanelsPerShot;
+    settings.transitionEvery = 10;
+    settings.acts = 5;
+    settings.sequences = 100;
+    for (auto _ : state) {
+        ProjectDocument document;
+        StoryboardPlan::generated(settings).build(document);
+        benchmark::DoNotOptimize(document.view().panelCount());
+    }
+}
+
 } // namespace
 
 BENCHMARK(BM_WhatMoved)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DropFrameTimecodes)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_GenerateBoard)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(BM_ExportOtio)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ImportOtio)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);

@@ -28,3 +28,18 @@ if(NOT step_output MATCHES "frame +1: shot")
   message(FATAL_ERROR "TestEmbed: unexpected output\n${step_output}")
 endif()
 message(STATUS "${step_output}")
+
+# The installed tool runs from wherever the prefix is moved, with no library path
+# set: it finds the installed libraries through its run path. Its manual page is installed too.
+if(NOT EXISTS ${prefix}/${CMAKE_INSTALL_MANDIR}/man1/krolle.1 AND NOT EXISTS ${prefix}/share/man/man1/krolle.1)
+  message(FATAL_ERROR "TestEmbed: the manual page krolle.1 was not installed")
+endif()
+set(moved ${WORK_DIR}/moved-prefix)
+file(RENAME ${prefix} ${moved})
+unset(ENV{LD_LIBRARY_PATH})
+run_step("installed tool" ${moved}/bin/krolle demo)
+if(NOT step_output MATCHES "sample storyboard: 3 acts, 5 sequences, 12 shots")
+  message(FATAL_ERROR "TestEmbed: unexpected output of the installed tool\n${step_output}")
+endif()
+run_step("installed tool's version" ${moved}/bin/krolle --version)
+message(STATUS "installed tool: ${step_output}")

@@ -39,10 +39,12 @@ void ToolSandbox::unsetEnvironment(const QString& name)
     m_environment.remove(name);
 }
 
-ToolRun ToolSandbox::run(const QStringList& arguments) const
+ToolRun ToolSandbox::run(const QStringList& arguments, const QString& input) const
 {
     QProcess process;
     process.setWorkingDirectory(m_dir.path());
+    if (!input.isNull())
+        process.setStandardInputFile(path(input));
     process.setProcessEnvironment(m_environment);
     process.start(QStringLiteral(KROLLE_TOOL_PATH), arguments);
     ToolRun result;

@@ -31,7 +31,8 @@ public:
     ToolSandbox();
 
     QString path(const QString& name) const;
-    ToolRun run(const QStringList& arguments) const;
+    // input: a file of the sandbox to give as standard input, or none.
+    ToolRun run(const QStringList& arguments, const QString& input = QString()) const;
     void setEnvironment(const QString& name, const QString& value);
     void unsetEnvironment(const QString& name);
     // Copies a file of tests/tools/data into the sandbox under the same name.

@@ -19,15 +19,15 @@ TEST(ToolCommandLine, BadUsageEndsWithStatus64AndOneLine)
         { { "new", "a.krl", "--shots=ten" },
             "krolle new: --shots needs a whole number from 1 to 100000, not 'ten' (see krolle new "
             "--help)\n" },
-        { { "new", "a.krl", "--shots", "3", "--acts", "4" }, // a range that depends on another option
-            "krolle new: --acts needs a whole number from 0 to 3, not '4' (see krolle new --help)\n" },
+        { { "new", "a.krl", "--shots", "3", "--sequences", "2", "--acts", "3" }, // at most one act a sequence
+            "krolle new: --acts needs a whole number from 0 to 2, not '3' (see krolle new --help)\n" },
         { { "at", "a.xml", "0" },
             "krolle at: FRAME needs a whole number from 1 to 4294967294, not '0' (see krolle at --help)\n" },
         { { "at", "a.xml", "3", "--prefer", "both" },
             "krolle at: --prefer must be one of previous, next, not 'both' (see krolle at --help)\n" },
         { { "outline", "a.xml", "--fps", "0" },
-            "krolle outline: --fps needs a whole number from 1 to 1000, not '0' (see krolle outline "
-            "--help)\n" },
+            "krolle outline: --fps needs a whole number from 1 to 1000 or an NTSC rate (23.976, 29.97, 59.94, "
+            "24000/1001), not '0' (see krolle outline --help)\n" },
         { { "insert-shot", "a.xml" },
             "krolle insert-shot: give exactly one of --after, --before (see krolle insert-shot --help)\n" },
         { { "new", "a.krl", "--force=yes" }, "krolle new: --force takes no value (see krolle new --help)\n" },

@@ -1,5 +1,6 @@
 #include "ArgumentParser.h"
 
+#include "NearestWord.h"
 #include "TextTable.h"
 #include "ToolError.h"
 
@@ -47,6 +48,18 @@ void ArgumentParser::addListOption(const QString& name, const QString& valueName
     m_options.append({ name, valueName, help, Kind::List, false });
 }
 
+void ArgumentParser::addPositionalList(const QString& name, const QString& help)
+{
+    m_positionals.append({ name, help, true, true });
+}
+
+void ArgumentParser::addTimecodeOptions(const QString& fpsHelp)
+{
+    addOption(QStringLiteral("--fps"), QStringLiteral("F"), fpsHelp);
+    addFlag(QStringLiteral("--drop-frame"), QStringLiteral("with --fps 29.97 or 59.94: drop-frame timecodes (HH:MM:SS;FF)"));
+    addOption(QStringLiteral("--start-tc"), QStringLiteral("TC"), QStringLiteral("with --fps: the timecode of frame 1 (00:00:00:00)"));
+}
+
 void ArgumentParser::setEpilogue(const QString& epilogue)
 {
     m_epilogue = epilogue;
@@ -74,7 +87,7 @@ int ArgumentParser::parseOption(const QStringList& arguments, int at, ArgumentVa
     const QString name = equals < 0 ? word : word.left(equals);
     const Option* option = findOption(name);
     if (!option)
-        throw ToolError::usage(QStringLiteral("unknown option '%1'").arg(name));
+        throw ToolError::usage(QStringLiteral("unknown option '%1'%2").arg(name, NearestWord::hint(name, optionNames())));
     if (option->kind == Kind::Flag) {
         if (equals >= 0)
             throw ToolError::usage(QStringLiteral("%1 takes no value").arg(name));
@@ -120,6 +133,10 @@ ArgumentValues ArgumentParser::parse(const QStringList& arguments) const
     }
     int taken = 0;
     for (const Positional& positional : m_positionals) {
+        while (positional.list && taken < words.size())
+            values.addPositionalWord(positional.name, words.at(taken++));
+        if (positional.list && values.isPositionalSet(positional.name))
+            continue;
         if (taken < words.size())
             values.setPositional(positional.name, words.at(taken++));
         else if (positional.required)
@@ -137,8 +154,10 @@ ArgumentValues ArgumentParser::parse(const QStringList& arguments) const
 QString ArgumentParser::usageLine() const
 {
     QStringList parts { m_command };
-    for (const Positional& positional : m_positionals)
-        parts << (positional.required ? positional.name : QStringLiteral("[%1]").arg(positional.name));
+    for (const Positional& positional : m_positionals) {
+        const QString name = positional.list ? positional.name + QStringLiteral("...") : positional.name;
+        parts << (positional.required ? name : QStringLiteral("[%1]").arg(name));
+    }
     for (const Option& option : m_options) {
         QString text = option.name;
         if (option.kind != Kind::Flag)
@@ -150,6 +169,39 @@ QString ArgumentParser::usageLine() const
     return parts.join(QLatin1Char(' '));
 }
 
+QVector<QPair<QString, QString>> ArgumentParser::entries() const
+{
+    QVector<QPair<QString, QString>> entries;
+    for (const Positional& positional : m_positionals)
+        entries.append({ positional.name, positional.help });
+    for (const Option& option : m_options) {
+        const QString spelled = option.kind == Kind::Flag
+            ? option.name
+            : QStringLiteral("%1 %2").arg(option.name, option.valueName);
+        entries.append({ spelled, option.help });
+    }
+    entries.append({ QStringLiteral("-h, --help"), QStringLiteral("show this help and exit") });
+    return entries;
+}
+
+QStringList ArgumentParser::optionNames() const
+{
+    QStringList names;
+    for (const Option& option : m_options)
+        names << option.name;
+    return names << kHelpLong;
+}
+
+QStringList ArgumentParser::valueOptionNames() const
+{
+    QStringList names;
+    for (const Option& option : m_options) {
+        if (option.kind != Kind::Flag)
+            names << option.name;
+    }
+    return names;
+}
+
 QString ArgumentParser::helpText() const
 {
     QString text = QStringLiteral("usage: %1\n").arg(usageLine());
@@ -157,15 +209,8 @@ QString ArgumentParser::helpText() const
         text += QLatin1Char('\n') + m_description + QLatin1Char('\n');
     TextTable table;
     table.setIndent(2);
-    for (const Positional& positional : m_positionals)
-        table.addRow({ positional.name, positional.help });
-    for (const Option& option : m_options) {
-        const QString spelled = option.kind == Kind::Flag
-            ? option.name
-            : QStringLiteral("%1 %2").arg(option.name, option.valueName);
-        table.addRow({ spelled, option.help });
-    }
-    table.addRow({ QStringLiteral("-h, --help"), QStringLiteral("show this help and exit") });
+    for (const auto& entry : entries())
+        table.addRow({ entry.first, entry.second });
     text += QLatin1Char('\n') + table.toString();
     if (!m_epilogue.isEmpty())
         text += QLatin1Char('\n') + m_epilogue + QLatin1Char('\n');

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QPair>
 #include <QVector>
 
 // The shape of one command's command line: positionals in order, flags
@@ -27,6 +28,10 @@ public:
     // A required option must be given; parse() says so when it is missing.
     void addOption(const QString& name, const QString& valueName, const QString& help, bool required = false);
     void addListOption(const QString& name, const QString& valueName, const QString& help);
+    // A last positional that takes every remaining word, at least one ("FRAME...").
+    void addPositionalList(const QString& name, const QString& help);
+    // --fps F, --drop-frame and --start-tc TC, read together by ArgumentValues::timecode().
+    void addTimecodeOptions(const QString& fpsHelp);
     // Text after the option list (examples, notes).
     void setEpilogue(const QString& epilogue);
 
@@ -36,6 +41,15 @@ public:
     const QString& summary() const { return m_summary; }
     QString usageLine() const;
     QString helpText() const;
+
+    // The declaration in parts, for completion scripts and the manual page.
+    QStringList optionNames() const;
+    // The options that take a value.
+    QStringList valueOptionNames() const;
+    const QString& description() const { return m_description; }
+    const QString& epilogue() const { return m_epilogue; }
+    // Each positional and option as spelled in the help ("--fps F") with its help.
+    QVector<QPair<QString, QString>> entries() const;
 
 private:
     enum class Kind
@@ -57,6 +71,7 @@ private:
         QString name;
         QString help;
         bool required;
+        bool list = false;
     };
 
     const Option* findOption(const QString& name) const;

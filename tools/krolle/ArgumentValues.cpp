@@ -88,3 +88,81 @@ unsigned ArgumentValues::parseNumber(
                                    .arg(text));
     return static_cast<unsigned>(parsed);
 }
+
+QStringList ArgumentValues::positionals(const QString& name) const
+{
+    return m_positionalLists.value(name);
+}
+
+void ArgumentValues::addPositionalWord(const QString& name, const QString& value)
+{
+    if (!m_positionals.contains(name))
+        setPositional(name, value);
+    m_positionalLists[name].append(value);
+}
+
+FrameRate ArgumentValues::frameRate(const FrameRate& fallback) const
+{
+    const QString fps = QStringLiteral("--fps");
+    const bool dropFrame = isSet(QStringLiteral("--drop-frame"));
+    if (!isSet(fps) && !fallback.isValid()) {
+        if (dropFrame)
+            throw ToolError::usage(QStringLiteral("--drop-frame needs --fps 29.97 or 59.94"));
+        return FrameRate();
+    }
+    QString error;
+    const FrameRate rate = FrameRate::parse(isSet(fps) ? value(fps) : fallback.toString(), dropFrame, &error);
+    if (!rate.isValid())
+        throw ToolError::usage(error.startsWith(QLatin1String("--")) ? error : fps + QStringLiteral(" needs ") + error);
+    return rate;
+}
+
+Timecode ArgumentValues::timecode(const FrameRate& fallback) const
+{
+    const FrameRate rate = frameRate(fallback);
+    const QString start = QStringLiteral("--start-tc");
+    if (!isSet(start))
+        return Timecode(rate);
+    if (!rate.isValid())
+        throw ToolError::usage(QStringLiteral("--start-tc needs --fps, the rate its frames count at"));
+    return Timecode(rate, timecodeCount(start, value(start), Timecode(rate), false));
+}
+
+unsigned ArgumentValues::frame(const QString& what, const QString& text, const Timecode& clock) const
+{
+    const unsigned kLastFrame = 0xFFFFFFFEu;
+    if (!Timecode::looksLikeTimecode(text))
+        return parseNumber(what, text, 1, kLastFrame);
+    const unsigned long long frame = timecodeCount(what, text, clock, true);
+    if (frame > kLastFrame)
+        throw ToolError::usage(QStringLiteral("%1 '%2' lies past frame %3").arg(what, text).arg(kLastFrame));
+    return static_cast<unsigned>(frame);
+}
+
+unsigned ArgumentValues::length(
+    const QString& option, unsigned fallback, unsigned min, unsigned max, const Timecode& clock) const
+{
+    if (!isSet(option) || !Timecode::looksLikeTimecode(value(option)))
+        return number(option, fallback, min, max);
+    const unsigned long long count = timecodeCount(option, value(option), Timecode(clock.rate()), false);
+    if (count < min || count > max)
+        throw ToolError::usage(QStringLiteral("%1 '%2' is %3 frames; it needs %4 to %5")
+                                   .arg(option, value(option))
+                                   .arg(count)
+                                   .arg(min)
+                                   .arg(max));
+    return static_cast<unsigned>(count);
+}
+
+unsigned long long ArgumentValues::timecodeCount(
+    const QString& what, const QString& text, const Timecode& clock, bool asFrame) const
+{
+    if (!clock.isValid())
+        throw ToolError::usage(QStringLiteral("%1 '%2' is a timecode; give --fps to say its rate").arg(what, text));
+    unsigned long long count = 0;
+    QString error;
+    if (!(asFrame ? clock.frameOf(text, &count, &error) : clock.count(text, &count, &error)))
+        throw ToolError::usage(QStringLiteral("%1 '%2' names no time at %3 fps: %4")
+                                   .arg(what, text, clock.rate().toString(), error));
+    return count;
+}

@@ -1,6 +1,8 @@
 // What one command line said, after ArgumentParser has checked its shape.
 #pragma once
 
+#include "Timecode.h"
+
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -40,11 +42,29 @@ public:
     // The option's value, which must be one of the choices; fallback when it is absent.
     QString choice(const QString& option, const QStringList& choices, const QString& fallback) const;
 
+    // Every word of a positional that takes the rest of the command line ("FRAME...").
+    QStringList positionals(const QString& name) const;
+    bool isPositionalSet(const QString& name) const { return m_positionals.contains(name); }
+    void addPositionalWord(const QString& name, const QString& value);
+
+    // Timecodes: the rate of --fps (with --drop-frame), fallback when --fps is absent.
+    FrameRate frameRate(const FrameRate& fallback = FrameRate()) const;
+    // The rate, and --start-tc as the label of frame 1; invalid without a rate.
+    Timecode timecode(const FrameRate& fallback = FrameRate()) const;
+    // A project frame written as a number from 1 or as a timecode of clock; what names
+    // the positional or option in the error.
+    unsigned frame(const QString& what, const QString& text, const Timecode& clock) const;
+    // The option as a number of frames or a timecode duration of clock, in [min, max].
+    unsigned length(const QString& option, unsigned fallback, unsigned min, unsigned max, const Timecode& clock) const;
+
 private:
+    // The count of a timecode of clock, or with asFrame the project frame it labels.
+    unsigned long long timecodeCount(const QString& what, const QString& text, const Timecode& clock, bool asFrame) const;
     unsigned parseNumber(const QString& what, const QString& text, unsigned min, unsigned max) const;
 
     QString m_command;
     bool m_help = false;
     QMap<QString, QString> m_positionals;
     QMap<QString, QStringList> m_options;
+    QMap<QString, QStringList> m_positionalLists;
 };

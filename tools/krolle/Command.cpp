@@ -1,7 +1,10 @@
 #include "Command.h"
 
 #include "Console.h"
+#include "ProjectDocument.h"
 #include "ToolEnvironment.h"
+
+#include <QFileInfo>
 
 Command::Command(const QString& name, const QString& summary)
     : m_name(name)
@@ -22,4 +25,18 @@ ExitStatus Command::execute(const QStringList& arguments)
     }
     ToolEnvironment environment;
     return run(values);
+}
+
+void Command::refuseToOverwrite(const QString& path, const ArgumentValues& arguments)
+{
+    if (QFileInfo::exists(path) && !arguments.isSet(QStringLiteral("--force")))
+        throw ToolError::failure(QStringLiteral("%1 already exists; choose another name or add --force").arg(path));
+}
+
+void Command::reportWritten(const QString& path, const QString& report)
+{
+    if (ProjectDocument::isStandardStream(path))
+        Console::err(report);
+    else
+        Console::out(report);
 }

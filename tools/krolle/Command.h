@@ -25,6 +25,11 @@ protected:
     Command(const QString& name, const QString& summary);
 
     ArgumentParser& declare() { return m_parser; }
+    // Refuses (status 1) to write over an existing file unless --force was given.
+    static void refuseToOverwrite(const QString& path, const ArgumentValues& arguments);
+    // Says what was written to path: on standard output, or beside it on standard error
+    // when the project itself went to standard output ("-").
+    static void reportWritten(const QString& path, const QString& report);
     virtual ExitStatus run(const ArgumentValues& arguments) = 0;
 
 private:

@@ -1,5 +1,6 @@
 #include "Console.h"
 
+#include <QFile>
 #include <QJsonDocument>
 #include <cstdio>
 #include <unistd.h>
@@ -39,4 +40,12 @@ void Console::outJson(const QJsonObject& document)
 bool Console::stderrIsTerminal()
 {
     return isatty(STDERR_FILENO) == 1;
+}
+
+QByteArray Console::readIn()
+{
+    QFile in;
+    if (!in.open(stdin, QIODevice::ReadOnly))
+        return QByteArray();
+    return in.readAll();
 }

@@ -19,4 +19,6 @@ public:
     // One JSON document, indented, ending with a line end.
     static void outJson(const QJsonObject& document);
     static bool stderrIsTerminal();
+    // All of standard input, read to its end.
+    static QByteArray readIn();
 };

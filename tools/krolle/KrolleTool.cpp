@@ -3,6 +3,7 @@
 #include "ChosenObject.h"
 #include "Command.h"
 #include "Console.h"
+#include "NearestWord.h"
 #include "TextTable.h"
 
 #include "commands/AddTransitionCommand.h"
@@ -10,6 +11,7 @@
 #include "commands/CameraCommand.h"
 #include "commands/ChangesCommand.h"
 #include "commands/CheckCommand.h"
+#include "commands/CompletionCommand.h"
 #include "commands/DefaultsCommand.h"
 #include "commands/DemoCommand.h"
 #include "commands/DrawingsCommand.h"
@@ -21,6 +23,7 @@
 #include "commands/InsertShotCommand.h"
 #include "commands/LayersCommand.h"
 #include "commands/LockNamesCommand.h"
+#include "commands/ManCommand.h"
 #include "commands/MoveCommand.h"
 #include "commands/NewCommand.h"
 #include "commands/OutlineCommand.h"
@@ -85,6 +88,9 @@ KrolleTool::KrolleTool()
     m_commands.emplace_back(new AddTransitionCommand);
     m_commands.emplace_back(new RemoveCommand(
         QStringLiteral("remove-transition"), QStringLiteral("remove a transition"), ChosenObject::Transition));
+    // The tool's own description, made from the declarations above.
+    m_commands.emplace_back(new CompletionCommand(m_commands));
+    m_commands.emplace_back(new ManCommand(m_commands));
 }
 
 KrolleTool::~KrolleTool() = default;
@@ -96,7 +102,7 @@ QString KrolleTool::helpText() const
     for (const auto& command : m_commands)
         commands.addRow({ command->name(), command->parser().summary() });
     return QStringLiteral("usage: krolle <command> [arguments] [options]\n"
-                          "       krolle --help | --version\n"
+                          "       krolle --help | help <command> | --version | -V | version\n"
                           "\n"
                           "A command-line front end over storyboard project files.\n"
                           "\n"
@@ -121,18 +127,31 @@ ExitStatus KrolleTool::dispatch(const QStringList& arguments)
 {
     const QString first = arguments.value(0);
     if (first == QLatin1String("--help") || first == QLatin1String("-h") || first == QLatin1String("help")) {
-        Command* command = find(arguments.value(1));
-        Console::out(command ? command->parser().helpText() : helpText());
+        if (arguments.size() < 2) {
+            Console::out(helpText());
+            return ExitStatus::Success;
+        }
+        Console::out(known(arguments.at(1))->parser().helpText());
         return ExitStatus::Success;
     }
-    if (first == QLatin1String("--version")) {
+    if (first == QLatin1String("--version") || first == QLatin1String("-V") || first == QLatin1String("version")) {
         Console::out(QString::fromUtf8(kVersionText));
         return ExitStatus::Success;
     }
-    Command* command = find(first);
-    if (!command)
-        throw ToolError::usage(QStringLiteral("unknown command '%1'").arg(first));
-    return command->execute(arguments.mid(1));
+    return known(first)->execute(arguments.mid(1));
+}
+
+Command* KrolleTool::known(const QString& name) const
+{
+    if (Command* command = find(name))
+        return command;
+    QStringList names;
+    for (const auto& command : m_commands)
+        names << command->name();
+    const QString hint = name.startsWith(QLatin1Char('-'))
+        ? NearestWord::hint(name, { QStringLiteral("--help"), QStringLiteral("--version") })
+        : NearestWord::hint(name, names);
+    throw ToolError::usage(QStringLiteral("unknown command '%1'%2").arg(name, hint));
 }
 
 int KrolleTool::run(const QStringList& arguments)

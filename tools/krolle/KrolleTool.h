@@ -9,8 +9,8 @@
 
 class Command;
 
-// Owns one instance of every command, answers "--help" and "--version" of the
-// tool, hands the rest of the command line to the named command and turns a
+// Owns one instance of every command, answers "--help" and "--version" ("-V",
+// "version") of the tool, hands the rest of the command line to the named command and turns a
 // ToolError into one line on standard error ("krolle <command>: <sentence>")
 // and its exit status. Single-threaded.
 class KrolleTool
@@ -26,6 +26,8 @@ public:
 
 private:
     Command* find(const QString& name) const;
+    // The command of that name; a usage error, with the nearest name, when there is none.
+    Command* known(const QString& name) const;
     ExitStatus dispatch(const QStringList& arguments);
 
     std::vector<std::unique_ptr<Command>> m_commands;

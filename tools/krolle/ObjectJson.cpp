@@ -6,10 +6,25 @@
 #include "metadata/KRC_SceneInfo.h"
 #include "project/KRC_KrolleProject.h"
 
-ObjectJson::ObjectJson(const KRC_KrolleProject& view, unsigned fps)
+ObjectJson::ObjectJson(const KRC_KrolleProject& view, const Timecode& clock)
     : m_view(view)
-    , m_fps(fps)
+    , m_clock(clock)
 {
+}
+
+void ObjectJson::addClock(QJsonObject& document, const Timecode& clock)
+{
+    const FrameRate& rate = clock.rate();
+    if (!clock.isValid()) {
+        document.insert(QStringLiteral("fps"), QJsonValue());
+        return;
+    }
+    // Whole rates stay whole numbers; 29.97 is written as its label reads.
+    document.insert(QStringLiteral("fps"),
+        rate.denominator() == 1 ? QJsonValue(static_cast<int>(rate.numerator()))
+                                : QJsonValue(FrameRate(rate.numerator(), rate.denominator()).toString().toDouble()));
+    document.insert(QStringLiteral("dropFrame"), rate.isDropFrame());
+    document.insert(QStringLiteral("startTimecode"), clock.label(clock.start()));
 }
 
 void ObjectJson::addFrames(QJsonObject& object, unsigned first, unsigned last) const
@@ -17,12 +32,12 @@ void ObjectJson::addFrames(QJsonObject& object, unsigned first, unsigned last) c
     object.insert(QStringLiteral("firstFrame"), static_cast<qint64>(first));
     object.insert(QStringLiteral("lastFrame"), static_cast<qint64>(last));
     object.insert(QStringLiteral("length"), static_cast<qint64>(last - first + 1));
-    if (m_fps == 0)
+    if (!m_clock.isValid())
         return;
     object.insert(QStringLiteral("timecode"),
-        QJsonObject { { QStringLiteral("in"), Timecode::ofFrame(first, m_fps) },
-            { QStringLiteral("out"), Timecode::ofFrame(last, m_fps) },
-            { QStringLiteral("duration"), Timecode::ofLength(last - first + 1, m_fps) } });
+        QJsonObject { { QStringLiteral("in"), m_clock.ofFrame(first) },
+            { QStringLiteral("out"), m_clock.ofFrame(last) },
+            { QStringLiteral("duration"), m_clock.ofLength(last - first + 1) } });
 }
 
 QJsonValue ObjectJson::sequenceOf(const Krolle::Shot_t& shot) const

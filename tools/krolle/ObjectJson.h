@@ -1,6 +1,8 @@
 // The JSON form of shots, panels and transitions, shared by every command that shows them.
 #pragma once
 
+#include "Timecode.h"
+
 #include <QJsonObject>
 #include <QJsonValue>
 
@@ -21,8 +23,12 @@ class Trans_t;
 class ObjectJson
 {
 public:
-    // fps 0: no timecodes.
-    ObjectJson(const KRC_KrolleProject& view, unsigned fps);
+    // An invalid clock: no timecodes.
+    ObjectJson(const KRC_KrolleProject& view, const Timecode& clock);
+
+    // "fps" (a number, or null without a clock) and, with a clock, "dropFrame" and
+    // "startTimecode", into a command's document.
+    static void addClock(QJsonObject& document, const Timecode& clock);
 
     QJsonValue shot(const Krolle::Shot_t& shot, unsigned number) const;
     QJsonValue panel(const Krolle::Panel_t& panel, unsigned number) const;
@@ -45,5 +51,5 @@ private:
     void addFrames(QJsonObject& object, unsigned first, unsigned last) const;
 
     const KRC_KrolleProject& m_view;
-    unsigned m_fps;
+    Timecode m_clock;
 };

@@ -11,10 +11,12 @@
 #include "tracking/KRC_TrackingManager.h"
 
 #include "Console.h"
+#include "OutputFile.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -87,8 +89,36 @@ void ProjectDocument::lock(const QString& path)
         QStringLiteral("cannot take the lock %1 beside %2; nothing was changed").arg(lockPath, path));
 }
 
+bool ProjectDocument::isStandardStream(const QString& path)
+{
+    return path == QLatin1String("-");
+}
+
+// Standard input is copied to a scratch file, since the engine loads files; errors
+// name it as standard input.
+void ProjectDocument::openStandardInput(Access access)
+{
+    if (access == Access::Edit)
+        throw ToolError::usage(QStringLiteral("cannot edit standard input: give the project's file"));
+    QTemporaryDir scratch;
+    const QString copy = scratch.filePath(QStringLiteral("standard-input.xml"));
+    OutputFile::write(copy, Console::readIn());
+    QString error;
+    UT_SharedPtr<SC_Project> project = HostProjectFile::load(copy, &error, changeManager(), &m_loaded);
+    if (!project)
+        throw ToolError::file(QStringLiteral("cannot load %1").arg(error.replace(copy, QStringLiteral("standard input"))));
+    m_path = QStringLiteral("standard input");
+    m_loaded = HostFileFingerprint();
+    adopt(project);
+    notify();
+}
+
 void ProjectDocument::open(const QString& path, Access access)
 {
+    if (isStandardStream(path)) {
+        openStandardInput(access);
+        return;
+    }
     if (access == Access::Edit) {
         lock(path);
         // Said before any work is done; the save checks again, for a change meanwhile.
@@ -132,6 +162,17 @@ void ProjectDocument::notify() const
 
 void ProjectDocument::save(const QString& path) const
 {
+    if (isStandardStream(path)) {
+        // The engine saves files: save to a scratch file, then copy it out.
+        QTemporaryDir scratch;
+        const QString copy = scratch.filePath(QStringLiteral("standard-output.xml"));
+        save(copy);
+        QFile saved(copy);
+        if (!saved.open(QIODevice::ReadOnly))
+            throw ToolError::file(QStringLiteral("cannot read back %1").arg(copy));
+        OutputFile::write(path, saved.readAll());
+        return;
+    }
     if (m_tracking) {
         notify();
         m_tracking->writeRecords();

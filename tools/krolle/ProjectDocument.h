@@ -51,8 +51,11 @@ public:
         Edit, // the lock is taken before the load and held until the document goes
     };
 
-    // Loads a project file; throws ToolError::file when it is missing, refused or locked.
+    // Loads a project file, or standard input for "-" (read only); throws
+    // ToolError::file when it is missing, refused or locked.
     void open(const QString& path, Access access = Access::Read);
+    // "-": standard input to open(), standard output to save().
+    static bool isStandardStream(const QString& path);
     // Opens a view over a project made in memory with changeManager().
     void adopt(const UT_SharedPtr<SC_Project>& project);
 
@@ -62,13 +65,15 @@ public:
 
     // Delivers the changes posted since the last call, so that the view forgets stale handles.
     void notify() const;
-    // Saves atomically to path; throws ToolError::file when the file cannot be written.
+    // Saves atomically to path, or to standard output for "-"; throws ToolError::file
+    // when the file cannot be written.
     void save(const QString& path) const;
     // Saves over the file that open() read.
     void save() const { save(m_path); }
 
 private:
     void lock(const QString& path);
+    void openStandardInput(Access access);
 
     KRC_SessionContext* m_session;
     UT_SharedPtr<SC_Project> m_project;

@@ -87,9 +87,9 @@ QStringList fieldCells(const QJsonObject& outline, const QJsonObject& panel)
 
 } // namespace
 
-QJsonObject StoryboardOutline::read(const KRC_KrolleProject& view, const QString& file, unsigned fps)
+QJsonObject StoryboardOutline::read(const KRC_KrolleProject& view, const QString& file, const Timecode& clock)
 {
-    const ObjectJson objects(view, fps);
+    const ObjectJson objects(view, clock);
     QJsonArray acts;
     QJsonArray sequences;
     QJsonArray shots;
@@ -113,13 +113,14 @@ QJsonObject StoryboardOutline::read(const KRC_KrolleProject& view, const QString
             transitions.append(objects.transition(
                 transition, transitions.size() + 1, number, view.next(shot).isValid() ? number + 1 : 0));
     }
-    return QJsonObject { { QStringLiteral("krolle"), QStringLiteral("outline") },
+    QJsonObject outline { { QStringLiteral("krolle"), QStringLiteral("outline") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), file },
-        { QStringLiteral("fps"), fps ? QJsonValue(static_cast<int>(fps)) : QJsonValue() },
         { QStringLiteral("sequencesExist"), view.sequenceExists() },
         { QStringLiteral("counts"), ProjectSummary(view).json() }, { QStringLiteral("acts"), acts },
         { QStringLiteral("sequences"), sequences }, { QStringLiteral("shots"), shots },
         { QStringLiteral("transitions"), transitions } };
+    ObjectJson::addClock(outline, clock);
+    return outline;
 }
 
 QString StoryboardOutline::table(const QJsonObject& outline)

@@ -7,6 +7,7 @@
 #include <functional>
 
 class KRC_KrolleProject;
+class Timecode;
 namespace Krolle {
 class Panel_t;
 } // namespace Krolle
@@ -21,8 +22,8 @@ class Panel_t;
 class StoryboardOutline
 {
 public:
-    // fps 0: no timecodes.
-    static QJsonObject read(const KRC_KrolleProject& view, const QString& file, unsigned fps);
+    // An invalid clock: no timecodes.
+    static QJsonObject read(const KRC_KrolleProject& view, const QString& file, const Timecode& clock);
     // The aligned table of an outline document.
     static QString table(const QJsonObject& outline);
     // Puts the panels' visible info field values (plain text) into an outline, as

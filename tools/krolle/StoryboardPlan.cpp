@@ -65,11 +65,15 @@ StoryboardPlan StoryboardPlan::generated(const GeneratorSettings& settings)
             tokens << QStringLiteral("T%1").arg(qMax(1u, qMin(wanted, room / 2)));
         }
         Shot names;
+        const unsigned sequence = groupOf(shot, settings.shots, settings.sequences);
+        // Acts group whole sequences, so that no sequence crosses an act's end.
         if (settings.acts > 0)
-            names.act = QStringLiteral("Act %1").arg(groupOf(shot, settings.shots, settings.acts) + 1);
+            names.act = QStringLiteral("Act %1").arg(
+                (plan.m_sequences ? groupOf(sequence, settings.sequences, settings.acts)
+                                  : groupOf(shot, settings.shots, settings.acts))
+                + 1);
         if (plan.m_sequences)
-            names.sequence = QStringLiteral("SQ%1").arg(
-                (groupOf(shot, settings.shots, settings.sequences) + 1) * 10, 3, 10, QLatin1Char('0'));
+            names.sequence = QStringLiteral("SQ%1").arg((sequence + 1) * 10, 3, 10, QLatin1Char('0'));
         plan.m_shots.append(names);
         plan.m_panelCount += settings.panelsPerShot;
     }

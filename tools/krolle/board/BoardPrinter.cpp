@@ -170,7 +170,7 @@ bool BoardPrinter::print(QIODevice& out) const
         // The page's panels first: the header names their acts and sequences, and reads before them.
         std::vector<PrintedPanel> printed;
         for (int cell = 0; cell < layout.cellsPerPage() && next < d->panels.size(); ++cell, ++next)
-            printed.push_back(PrintedPanel::read(d->view, d->panels[next], d->fieldIds, d->settings.fields, d->settings.fps));
+            printed.push_back(PrintedPanel::read(d->view, d->panels[next], d->fieldIds, d->settings.fields, d->settings.clock));
         d->paintHeader(painter, layout, printed, page + 1);
         for (size_t cell = 0; cell < printed.size(); ++cell) {
             panelPainter.paint(printed[cell], layout.cell(int(cell)));

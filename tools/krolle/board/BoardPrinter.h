@@ -1,6 +1,8 @@
 // Printed pages of a storyboard.
 #pragma once
 
+#include "Timecode.h"
+
 #include <QPageSize>
 #include <QString>
 #include <QStringList>
@@ -20,7 +22,7 @@ struct PrintSettings
     QStringList fields; // panel fields printed under each panel, in order
     QString fromShot; // null: from the first shot
     QString toShot; // null: to the last shot
-    unsigned fps = 24;
+    Timecode clock { FrameRate(24, 1) }; // of the lengths printed
     QString title; // the project's name in the header
     QString file; // the project file, named in errors
     QStringList imageFolders; // where image keys are looked up, in order

@@ -9,7 +9,7 @@
 #include "project/KRC_KrolleProject.h"
 
 PrintedPanel PrintedPanel::read(const KRC_KrolleProject& view, const Krolle::Panel_t& panel,
-    const QVector<int>& fieldIds, const QStringList& fieldNames, unsigned fps)
+    const QVector<int>& fieldIds, const QStringList& fieldNames, const Timecode& clock)
 {
     PrintedPanel printed;
     printed.shot = panel.shotName();
@@ -19,7 +19,7 @@ PrintedPanel PrintedPanel::read(const KRC_KrolleProject& view, const Krolle::Pan
     printed.act = shotInfo && shotInfo->actName().isCustom() ? panel.actName() : QString();
     printed.sequence = view.sequenceExists() ? panel.sequenceName() : QString();
     printed.length = panel.lastFrame() - panel.firstFrame() + 1;
-    printed.duration = Timecode::ofLength(printed.length, fps);
+    printed.duration = clock.ofLength(printed.length);
     const KRC_InfoFieldList* values = panel.infoFieldList();
     for (int i = 0; values && i < fieldIds.size(); ++i) {
         const QString text = InfoFieldText::plain(values->getInfoField(fieldIds[i]).get()).trimmed();

@@ -1,6 +1,8 @@
 // What a printed board says about one panel.
 #pragma once
 
+#include "Timecode.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -29,5 +31,5 @@ struct PrintedPanel
 
     // `fieldIds`/`fieldNames`: the panel fields to print, in order.
     static PrintedPanel read(const KRC_KrolleProject& view, const Krolle::Panel_t& panel,
-        const QVector<int>& fieldIds, const QStringList& fieldNames, unsigned fps);
+        const QVector<int>& fieldIds, const QStringList& fieldNames, const Timecode& clock);
 };

@@ -29,7 +29,8 @@ AddTransitionCommand::AddTransitionCommand()
     ArgumentParser& parser = declare();
     parser.addOption(kAfter, QStringLiteral("SHOT"), QStringLiteral("at the end of this shot"));
     parser.addOption(kBefore, QStringLiteral("SHOT"), QStringLiteral("at the start of this shot"));
-    parser.addOption(kLength, QStringLiteral("FRAMES"), QStringLiteral("its length"), true);
+    parser.addOption(kLength, QStringLiteral("FRAMES"), QStringLiteral("its length, or a timecode duration with --fps"), true);
+    parser.addTimecodeOptions(QStringLiteral("the rate of a length given as a timecode"));
     parser.addOption(kType, QStringLiteral("TYPE"), QStringLiteral("%1 (dissolve)").arg(kTypes.join(QStringLiteral(", "))));
     parser.addOption(kAngle, QStringLiteral("DEGREES"), QStringLiteral("angle of a wipe, 0 to 359 (0)"));
     parser.addFlag(kReverse, QStringLiteral("run it the other way"));
@@ -57,7 +58,7 @@ EditCommand::Outcome AddTransitionCommand::edit(ProjectDocument& document, const
                  .arg(NamedObjects::transitionLabel(view, added), id.toString(), QString::number(added.firstFrame()),
                      QString::number(added.lastFrame()), side.mid(2), place),
         QJsonObject { { QStringLiteral("kind"), QStringLiteral("transition") },
-            { QStringLiteral("added"), ObjectJson(view, 0).transition(added) } } };
+            { QStringLiteral("added"), ObjectJson(view, Timecode()).transition(added) } } };
 }
 
 void AddTransitionCommand::checkUsage(const ArgumentValues& arguments) const

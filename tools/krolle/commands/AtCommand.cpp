@@ -9,6 +9,7 @@
 #include "project/KRC_KrolleProject.h"
 
 #include <QJsonArray>
+#include <QRegularExpression>
 
 namespace {
 
@@ -51,9 +52,11 @@ QString table(const QJsonObject& answer)
                        .arg(QString::number(answer.value(QStringLiteral("frame")).toInt()),
                            answer.value(QStringLiteral("file")).toString());
     if (answer.contains(QStringLiteral("timecode")))
-        text += QStringLiteral(" (%1 at %2 fps)")
-                    .arg(answer.value(QStringLiteral("timecode")).toString())
-                    .arg(answer.value(QStringLiteral("fps")).toInt());
+        text += QStringLiteral(" (%1 at %2 fps%3)")
+                    .arg(answer.value(QStringLiteral("timecode")).toString(),
+                        QString::number(answer.value(QStringLiteral("fps")).toDouble()),
+                        answer.value(QStringLiteral("dropFrame")).toBool() ? QStringLiteral(" drop-frame")
+                                                                             : QString());
     text += QLatin1Char('\n');
     const QJsonArray sides = answer.value(QStringLiteral("sides")).toArray();
     TextTable table;
@@ -81,32 +84,26 @@ QString table(const QJsonObject& answer)
     return text + table.toString();
 }
 
-} // namespace
-
-AtCommand::AtCommand()
-    : Command(
-        QStringLiteral("at"), QStringLiteral("show the act, sequence, shot, panel and transition at a frame"))
+// The frames of the command line, with "-" standing for the words of standard input.
+QStringList frameWords(const QStringList& given)
 {
-    ArgumentParser& parser = declare();
-    parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
-    parser.addPositional(QStringLiteral("FRAME"), QStringLiteral("project frame, counted from 1"));
-    parser.addOption(QStringLiteral("--prefer"), QStringLiteral("previous|next"),
-        QStringLiteral("under a transition, show only the shot before or after it"));
-    parser.addOption(QStringLiteral("--fps"), QStringLiteral("F"),
-        QStringLiteral("also show timecodes at F frames per second"));
-    parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
+    QStringList words;
+    for (const QString& word : given) {
+        if (word == QLatin1String("-"))
+            words << QString::fromUtf8(Console::readIn()).split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
+        else
+            words << word;
+    }
+    if (words.isEmpty())
+        throw ToolError::usage(QStringLiteral("standard input holds no FRAME"));
+    return words;
 }
 
-ExitStatus AtCommand::run(const ArgumentValues& arguments)
+// The "at" document of one frame; a frame past the shots is a failure.
+QJsonObject answerAt(const ProjectDocument& document, const ObjectJson& objects, unsigned frame,
+    const QString& prefer, const Timecode& clock)
 {
-    const unsigned frame = arguments.positionalNumber(QStringLiteral("FRAME"), 1, 0xFFFFFFFEu);
-    const QString prefer = arguments.choice(QStringLiteral("--prefer"), { kPrevious, kNext }, QString());
-    const unsigned fps = arguments.number(QStringLiteral("--fps"), 0, 1, Timecode::kMostFps);
-    ProjectDocument document;
-    document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();
-    const ObjectJson objects(view, fps);
-
     const Krolle::Trans_t transition = view.getTransAt(frame);
     QStringList asked { prefer.isNull() ? kPrevious : prefer };
     if (prefer.isNull() && transition.isValid())
@@ -122,15 +119,60 @@ ExitStatus AtCommand::run(const ArgumentValues& arguments)
     QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("at") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
         { QStringLiteral("frame"), static_cast<qint64>(frame) },
-        { QStringLiteral("fps"), fps ? QJsonValue(static_cast<int>(fps)) : QJsonValue() },
         { QStringLiteral("sequencesExist"), view.sequenceExists() },
         { QStringLiteral("transition"), objects.transition(transition) },
         { QStringLiteral("sides"), sides } };
-    if (fps)
-        answer.insert(QStringLiteral("timecode"), Timecode::ofFrame(frame, fps));
-    if (arguments.isSet(QStringLiteral("--json")))
-        Console::outJson(answer);
-    else
-        Console::out(table(answer));
+    ObjectJson::addClock(answer, clock);
+    if (clock.isValid())
+        answer.insert(QStringLiteral("timecode"), clock.ofFrame(frame));
+    return answer;
+}
+
+} // namespace
+
+AtCommand::AtCommand()
+    : Command(
+        QStringLiteral("at"), QStringLiteral("show the act, sequence, shot, panel and transition at a frame"))
+{
+    ArgumentParser& parser = declare();
+    parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
+    parser.addPositionalList(QStringLiteral("FRAME"),
+        QStringLiteral("project frame, counted from 1, or a timecode with --fps; several, or - to read them from "
+                       "standard input"));
+    parser.addOption(QStringLiteral("--prefer"), QStringLiteral("previous|next"),
+        QStringLiteral("under a transition, show only the shot before or after it"));
+    parser.addTimecodeOptions(QStringLiteral("also show timecodes at F frames per second (24, 29.97...)"));
+    parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
+    parser.setEpilogue(QStringLiteral("Several frames are answered from one load, in the order given.\n"
+                                      "\n"
+                                      "example: krolle at board.xml 00:00:08:12 --fps 24\n"
+                                      "         seq 1 10 450 | krolle at board.xml -"));
+}
+
+ExitStatus AtCommand::run(const ArgumentValues& arguments)
+{
+    const QString prefer = arguments.choice(QStringLiteral("--prefer"), { kPrevious, kNext }, QString());
+    const Timecode clock = arguments.timecode();
+    QVector<unsigned> frames;
+    for (const QString& word : frameWords(arguments.positionals(QStringLiteral("FRAME"))))
+        frames.append(arguments.frame(QStringLiteral("FRAME"), word, clock));
+    ProjectDocument document;
+    document.open(arguments.positional(QStringLiteral("FILE")));
+    const ObjectJson objects(document.view(), clock);
+    QJsonArray answers;
+    for (unsigned frame : frames)
+        answers.append(answerAt(document, objects, frame, prefer, clock));
+    if (answers.size() == 1 && arguments.isSet(QStringLiteral("--json"))) {
+        Console::outJson(answers.first().toObject());
+    } else if (arguments.isSet(QStringLiteral("--json"))) {
+        Console::outJson(QJsonObject { { QStringLiteral("krolle"), QStringLiteral("at") },
+            { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
+            { QStringLiteral("answers"), answers } });
+    } else {
+        QStringList tables;
+        for (const QJsonValue& answer : answers)
+            tables << table(answer.toObject());
+        Console::out(tables.join(QLatin1Char('\n')));
+    }
     return ExitStatus::Success;
 }

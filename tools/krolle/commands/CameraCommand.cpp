@@ -61,10 +61,11 @@ CameraCommand::CameraCommand()
 {
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
-    parser.addPositional(QStringLiteral("FRAME"), QStringLiteral("project frame, counted from 1"));
+    parser.addPositional(QStringLiteral("FRAME"), QStringLiteral("project frame, counted from 1, or a timecode with --fps"));
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
     parser.addOption(QStringLiteral("--shot"), QStringLiteral("SHOT"),
         QStringLiteral("count FRAME from 1 inside this shot (name, #number or id)"));
+    parser.addTimecodeOptions(QStringLiteral("the rate of a FRAME given as a timecode"));
 }
 
 namespace {
@@ -87,7 +88,8 @@ Krolle::Shot_t shotOf(const KRC_KrolleProject& view, const ArgumentValues& argum
 
 ExitStatus CameraCommand::run(const ArgumentValues& arguments)
 {
-    unsigned frame = arguments.positionalNumber(QStringLiteral("FRAME"), 1, 0xFFFFFFFEu);
+    unsigned frame
+        = arguments.frame(QStringLiteral("FRAME"), arguments.positional(QStringLiteral("FRAME")), arguments.timecode());
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();

@@ -4,6 +4,7 @@
 #include "NamedObjects.h"
 #include "ProjectDocument.h"
 #include "ProjectSummary.h"
+#include "RuleWording.h"
 #include "Wording.h"
 
 #include "metadata/KRC_PanelInfo.h"
@@ -45,19 +46,10 @@ bool checkRules(const KRC_NamingRules& rules, Findings& findings)
     for (const auto& object : objects) {
         const KRC_NamingRules::ObjRules& r = *object.second;
         const QString what = QLatin1String(object.first);
-        bool usable = true;
-        if (r.autoIncrementRule() < KRC_NamingRules::Rule_Numeric
-            || r.autoIncrementRule() > KRC_NamingRules::Rule_ByN) {
-            findings.add("rules",
-                QStringLiteral("the %1 naming rules count by rule %2, which does not exist")
-                    .arg(what, QString::number(r.autoIncrementRule())));
-            usable = false;
-        } else if (r.autoIncrementRule() == KRC_NamingRules::Rule_ByN && r.autoIncrementValue() <= 0) {
-            findings.add("rules",
-                QStringLiteral("the %1 naming rules count by steps of %2, which makes no names")
-                    .arg(what, QString::number(r.autoIncrementValue())));
-            usable = false;
-        }
+        const QString why = RuleWording::whyUnusable(r, what);
+        const bool usable = why.isNull();
+        if (!usable)
+            findings.add("rules", why);
         if (r.numberOfZeros() < 0)
             findings.add("rules",
                 QStringLiteral("the %1 naming rules pad names to a negative width (%2)")
@@ -86,16 +78,23 @@ private:
     QMap<QString, QString> m_holders;
 };
 
+// A record that is missing or holds what no name can be.
+template <typename Info>
+void addRecordFinding(const Info* info, const QString& label, Findings& findings)
+{
+    if (!info)
+        findings.add("record", QStringLiteral("%1: it has no info record, so its name and fields are not kept").arg(label));
+    else if (!info->isValid())
+        findings.add("record", QStringLiteral("%1: its info record holds an empty custom name").arg(label));
+}
+
 void checkPanels(
     const KRC_KrolleProject& view, const Krolle::Shot_t& shot, Findings& findings, unsigned& panels)
 {
     NameRegister names;
     for (auto panel = view.beginPanel(shot), end = view.endPanel(shot); panel != end; ++panel, ++panels) {
         const QString label = NamedObjects::panelLabel(view, *panel);
-        const KRC_PanelInfo* info = panel->panelInfo();
-        if (!info || !info->isValid())
-            findings.add(
-                "record", QStringLiteral("%1: its info record holds an empty custom name").arg(label));
+        addRecordFinding(panel->panelInfo(), label, findings);
         const QString first = names.claim(panel->name(), label);
         if (!first.isNull())
             findings.add("duplicate", QStringLiteral("%1: the name is also used by %2").arg(label, first));
@@ -146,15 +145,13 @@ ExitStatus CheckCommand::run(const ArgumentValues& arguments)
          shot = view.next(shot), ++shots) {
         const QString label = NamedObjects::shotLabel(view, shot);
         const KRC_SceneInfo* info = shot.sceneInfo();
-        if (!info || !info->isValid())
-            findings.add(
-                "record", QStringLiteral("%1: its info record holds an empty custom name").arg(label));
+        addRecordFinding(info, label, findings);
         const bool custom = info && info->name().isCustom();
-        if (custom && shotRulesUsable && !view.nameHelper()->shotNameFollowsRules(shot.id()))
+        if (custom && shotRulesUsable && RuleWording::usableForNaming(view, shot)
+            && !view.nameHelper()->shotNameFollowsRules(shot.id()))
             findings.add("naming",
-                QStringLiteral("%1: the name does not follow the shot naming rules between its "
-                               "neighbours")
-                    .arg(label));
+                QStringLiteral("%1: the name does not follow the shot naming rules: %2")
+                    .arg(label, RuleWording::expectedShotName(view, shot)));
         const QString first = shotNames.claim(shot.sequenceName() + QLatin1Char('\n') + shot.name(), label);
         if (!first.isNull())
             findings.add("duplicate",

@@ -32,7 +32,7 @@ void EditCommand::refused(const QString& what, const QString& error)
 
 unsigned EditCommand::frameCount(const ArgumentValues& arguments, const QString& option)
 {
-    return arguments.number(option, 0, 1, kLongestLength);
+    return arguments.length(option, 0, 1, kLongestLength, arguments.timecode());
 }
 
 void EditCommand::checkUsage(const ArgumentValues&) const

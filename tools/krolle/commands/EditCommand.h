@@ -36,7 +36,8 @@ protected:
 
     // The failure of an edit that the engine refused; what: 'remove shot 3 "SH030"'.
     [[noreturn]] static void refused(const QString& what, const QString& error);
-    // A length in frames given to an option; every edit reads lengths through here.
+    // A length given to an option in frames, or as a timecode duration at --fps; every
+    // edit reads lengths through here.
     static unsigned frameCount(const ArgumentValues& arguments, const QString& option);
 
 private:

@@ -54,10 +54,9 @@ ExitStatus ImportCommand::run(const ArgumentValues& arguments)
 {
     const QString cut = arguments.positional(QStringLiteral("CUT"));
     const QString out = arguments.value(QStringLiteral("--out"));
-    const unsigned fps = arguments.number(QStringLiteral("--fps"), 0, 1, Timecode::kMostFps);
-    if (QFileInfo::exists(out) && !arguments.isSet(QStringLiteral("--force")))
-        throw ToolError::failure(QStringLiteral("%1 already exists; choose another name or add --force").arg(out));
-    const ImportedBoard board = OtioReader::read(readAll(cut), cut, fps);
+    const FrameRate rate = arguments.frameRate();
+    refuseToOverwrite(out, arguments);
+    const ImportedBoard board = OtioReader::read(readAll(cut), cut, rate.isValid() ? rate.framesPerSecond() : 0);
     if (board.shots.isEmpty())
         throw ToolError::file(QStringLiteral("cannot read %1: the cut has no clip to make a shot of").arg(cut));
     for (const QString& skipped : board.skipped)
@@ -71,11 +70,11 @@ ExitStatus ImportCommand::run(const ArgumentValues& arguments)
     }
     document.save(out);
     const ProjectSummary summary(document.view());
-    if (arguments.isSet(QStringLiteral("--json")))
+    if (arguments.isSet(QStringLiteral("--json")) && !ProjectDocument::isStandardStream(out))
         Console::outJson({ { QStringLiteral("krolle"), QStringLiteral("import") }, { QStringLiteral("file"), cut },
             { QStringLiteral("out"), out }, { QStringLiteral("counts"), summary.json() },
             { QStringLiteral("skipped"), QJsonArray::fromStringList(board.skipped) } });
     else
-        Console::out(QStringLiteral("wrote %1: %2\n").arg(out, summary.text()));
+        reportWritten(out, QStringLiteral("wrote %1: %2\n").arg(out, summary.text()));
     return ExitStatus::Success;
 }

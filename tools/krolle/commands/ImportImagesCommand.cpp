@@ -72,8 +72,9 @@ ExitStatus ImportImagesCommand::run(const ArgumentValues& arguments)
 {
     const QString dir = arguments.positional(QStringLiteral("DIR"));
     const QString out = arguments.value(QStringLiteral("--out"));
-    const unsigned fps = arguments.number(QStringLiteral("--fps"), kDefaultFps, 1, Timecode::kMostFps);
-    const unsigned length = arguments.number(QStringLiteral("--length"), fps * kDefaultSeconds, 1, kLongestPanel);
+    const FrameRate rate = arguments.frameRate(FrameRate(kDefaultFps, 1));
+    const unsigned length = arguments.length(
+        QStringLiteral("--length"), rate.nominal() * kDefaultSeconds, 1, kLongestPanel, Timecode(rate));
     const DrawingGroups::By by = grouping(arguments);
     const QString field = arguments.isSet(QStringLiteral("--field")) ? arguments.value(QStringLiteral("--field")) : kDefaultField;
     const bool link = arguments.isSet(QStringLiteral("--link"));

@@ -24,7 +24,8 @@ InsertCommand::InsertCommand(const QString& name, const QString& summary, const 
     parser.addOption(QStringLiteral("--sequence"), QStringLiteral("NAME"),
         QStringLiteral("look for the shot in this sequence only"));
     parser.addOption(QStringLiteral("--length"), QStringLiteral("FRAMES"),
-        QStringLiteral("length of each new panel (%1)").arg(kDefaultLength));
+        QStringLiteral("length of each new panel (%1), or a duration HH:MM:SS:FF with --fps").arg(kDefaultLength));
+    parser.addTimecodeOptions(QStringLiteral("the rate of a --length given as a duration"));
 }
 
 InsertCommand::Placement InsertCommand::placement(const ArgumentValues& arguments)
@@ -32,7 +33,7 @@ InsertCommand::Placement InsertCommand::placement(const ArgumentValues& argument
     const QString side = arguments.exactlyOne({ QStringLiteral("--after"), QStringLiteral("--before") });
     return Placement { side == QLatin1String("--after"), arguments.value(side),
         arguments.value(QStringLiteral("--sequence")),
-        arguments.number(QStringLiteral("--length"), kDefaultLength, 1, kLongestPanel) };
+        arguments.length(QStringLiteral("--length"), kDefaultLength, 1, kLongestPanel, arguments.timecode()) };
 }
 
 void InsertCommand::checkUsage(const ArgumentValues& arguments) const

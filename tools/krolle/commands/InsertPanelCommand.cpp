@@ -49,7 +49,7 @@ EditCommand::Outcome InsertPanelCommand::edit(ProjectDocument& document, const A
             QStringLiteral("the shot's time warp would not show it; the file was not saved"));
     NameWriter::set(panel.panelInfo()->name(), proposal);
 
-    const ObjectJson objects(view, 0);
+    const ObjectJson objects(view, Timecode());
     const Krolle::Panel_t beside = view.getPanelByID(neighbourId);
     return inserted(NamedObjects::panelLabel(view, panel), proposal, objects.panel(panel), where,
         NamedObjects::panelLabel(view, beside), objects.panel(beside));

@@ -41,7 +41,7 @@ MoveCommand::MoveCommand()
 EditCommand::Outcome MoveCommand::edit(ProjectDocument& document, const ArgumentValues& arguments)
 {
     const KRC_KrolleProject& view = document.view();
-    const ObjectJson objects(view, 0);
+    const ObjectJson objects(view, Timecode());
     const QString side = arguments.exactlyOne({ kAfter, kBefore });
     const bool after = side == kAfter;
     const ChosenObject chosen = ChosenObject::read(view, arguments, kKinds);

@@ -5,7 +5,6 @@
 #include "ProjectSummary.h"
 #include "StoryboardPlan.h"
 
-#include <QFileInfo>
 
 namespace {
 
@@ -22,9 +21,11 @@ GeneratorSettings readSettings(const ArgumentValues& arguments)
         QStringLiteral("--panels-per-shot"), settings.panelsPerShot, 1, kMostPanelsPerShot);
     settings.transitionEvery
         = arguments.number(QStringLiteral("--transition-every"), settings.transitionEvery, 0, settings.shots);
-    settings.acts = arguments.number(QStringLiteral("--acts"), settings.acts, 0, settings.shots);
     settings.sequences
         = arguments.number(QStringLiteral("--sequences"), settings.sequences, 0, settings.shots);
+    // Acts hold whole sequences: no more acts than sequences.
+    settings.acts = arguments.number(
+        QStringLiteral("--acts"), settings.acts, 0, settings.sequences > 0 ? settings.sequences : settings.shots);
     settings.seed = arguments.number(QStringLiteral("--seed"), settings.seed, 0, 0xFFFFFFFFu);
     settings.layersPerPanel
         = arguments.number(QStringLiteral("--layers"), settings.layersPerPanel, 0, kMostLayersPerPanel);
@@ -40,14 +41,14 @@ NewCommand::NewCommand()
     : Command(QStringLiteral("new"), QStringLiteral("generate a storyboard project of any size"))
 {
     ArgumentParser& parser = declare();
-    parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to write"));
+    parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to write (- for standard output)"));
     parser.addOption(QStringLiteral("--shots"), QStringLiteral("N"), QStringLiteral("number of shots (10)"));
     parser.addOption(
         QStringLiteral("--panels-per-shot"), QStringLiteral("M"), QStringLiteral("panels in each shot (4)"));
     parser.addOption(QStringLiteral("--transition-every"), QStringLiteral("K"),
         QStringLiteral("a transition after every K-th shot (0: none)"));
     parser.addOption(QStringLiteral("--acts"), QStringLiteral("A"),
-        QStringLiteral("acts, named \"Act 1\"... (1; 0 leaves acts unnamed)"));
+        QStringLiteral("acts, named \"Act 1\"..., each of whole sequences (1; 0: no acts; at most S)"));
     parser.addOption(QStringLiteral("--sequences"), QStringLiteral("S"),
         QStringLiteral("sequences, named SQ010, SQ020... (1; 0: no sequences)"));
     parser.addOption(QStringLiteral("--seed"), QStringLiteral("X"),
@@ -67,12 +68,10 @@ ExitStatus NewCommand::run(const ArgumentValues& arguments)
 {
     const QString path = arguments.positional(QStringLiteral("FILE"));
     const GeneratorSettings settings = readSettings(arguments);
-    if (QFileInfo::exists(path) && !arguments.isSet(QStringLiteral("--force")))
-        throw ToolError::failure(
-            QStringLiteral("%1 already exists; choose another name or add --force").arg(path));
+    refuseToOverwrite(path, arguments);
     ProjectDocument document;
     StoryboardPlan::generated(settings).build(document);
     document.save(path);
-    Console::out(QStringLiteral("wrote %1: %2\n").arg(path, ProjectSummary(document.view()).text()));
+    reportWritten(path, QStringLiteral("wrote %1: %2\n").arg(path, ProjectSummary(document.view()).text()));
     return ExitStatus::Success;
 }

@@ -17,8 +17,7 @@ OutlineCommand::OutlineCommand()
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
-    parser.addOption(QStringLiteral("--fps"), QStringLiteral("F"),
-        QStringLiteral("also show timecodes at F frames per second"));
+    parser.addTimecodeOptions(QStringLiteral("also show timecodes at F frames per second (24, 29.97...)"));
     parser.addFlag(QStringLiteral("--fields"),
         QStringLiteral("also show the panels' visible info field values, as plain text"));
     parser.addFlag(
@@ -27,10 +26,10 @@ OutlineCommand::OutlineCommand()
 
 ExitStatus OutlineCommand::run(const ArgumentValues& arguments)
 {
-    const unsigned fps = arguments.number(QStringLiteral("--fps"), 0, 1, Timecode::kMostFps);
+    const Timecode clock = arguments.timecode();
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
-    QJsonObject outline = StoryboardOutline::read(document.view(), document.path(), fps);
+    QJsonObject outline = StoryboardOutline::read(document.view(), document.path(), clock);
     if (arguments.isSet(QStringLiteral("--fields")))
         StoryboardOutline::addFieldValues(outline, document.view());
     if (arguments.isSet(QStringLiteral("--layers")))

@@ -74,7 +74,7 @@ PdfCommand::PdfCommand()
         QStringLiteral("panel fields printed under each panel (the visible text fields)"));
     parser.addOption(QStringLiteral("--from"), QStringLiteral("SHOT"), QStringLiteral("first shot to print"));
     parser.addOption(QStringLiteral("--to"), QStringLiteral("SHOT"), QStringLiteral("last shot to print"));
-    parser.addOption(QStringLiteral("--fps"), QStringLiteral("F"), QStringLiteral("frames per second of the timecodes (24)"));
+    parser.addTimecodeOptions(QStringLiteral("frames per second of the timecodes (24)"));
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("report what was written as JSON"));
     parser.setEpilogue(QStringLiteral(
         "Each panel shows its picture (its first image field with a value) or a placeholder naming its\n"
@@ -90,7 +90,7 @@ ExitStatus PdfCommand::run(const ArgumentValues& arguments)
     PrintSettings settings;
     readLayout(arguments, settings);
     settings.page = pageSize(arguments);
-    settings.fps = arguments.number(QStringLiteral("--fps"), kDefaultFps, 1, Timecode::kMostFps);
+    settings.clock = arguments.timecode(FrameRate(kDefaultFps, 1));
     const QString out = arguments.value(QStringLiteral("--out"));
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));

@@ -30,7 +30,7 @@ EditCommand::Outcome RemoveCommand::edit(ProjectDocument& document, const Argume
     const QString sentence = QStringLiteral("removed %1 (%2, frames %3-%4)")
                                  .arg(chosen.label(view), chosen.id().toString(),
                                      QString::number(chosen.firstFrame()), QString::number(chosen.lastFrame()));
-    const QJsonValue removed = chosen.json(ObjectJson(view, 0));
+    const QJsonValue removed = chosen.json(ObjectJson(view, Timecode()));
     SC_Project* project = document.project();
     QString error;
     bool done = false;

@@ -157,7 +157,7 @@ EditCommand::Outcome RenameCommand::edit(ProjectDocument& document, const Argume
     const QString after = renamed.kind() == ChosenObject::Shot ? renamed.shot().name() : renamed.panel().name();
     return { sentence(label, wanted, after),
         QJsonObject { { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("before"), before },
-            { QStringLiteral("after"), after }, { QStringLiteral("object"), renamed.json(ObjectJson(view, 0)) } } };
+            { QStringLiteral("after"), after }, { QStringLiteral("object"), renamed.json(ObjectJson(view, Timecode())) } } };
 }
 
 void RenameCommand::checkUsage(const ArgumentValues& arguments) const

@@ -19,7 +19,8 @@ SetLengthCommand::SetLengthCommand()
 {
     ArgumentParser& parser = declare();
     ChosenObject::declare(parser, QStringLiteral("resize"), kKinds);
-    parser.addOption(kLength, QStringLiteral("FRAMES"), QStringLiteral("the new length"), true);
+    parser.addOption(kLength, QStringLiteral("FRAMES"), QStringLiteral("the new length, or a timecode duration with --fps"), true);
+    parser.addTimecodeOptions(QStringLiteral("the rate of a length given as a timecode"));
     parser.setEpilogue(QStringLiteral("What follows moves with the object's end.\n"
                                       "\n"
                                       "example: krolle set-length demo.xml --panel SH010/2 --length 16"));
@@ -29,7 +30,7 @@ EditCommand::Outcome SetLengthCommand::edit(ProjectDocument& document, const Arg
 {
     const unsigned length = frameCount(arguments, kLength);
     const KRC_KrolleProject& view = document.view();
-    const ObjectJson objects(view, 0);
+    const ObjectJson objects(view, Timecode());
     const ChosenObject chosen = ChosenObject::read(view, arguments, kKinds);
     const QString label = chosen.label(view);
     const QJsonValue before = chosen.json(objects);

@@ -144,7 +144,7 @@ ExitStatus ShowCommand::run(const ArgumentValues& arguments)
     document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();
     const ChosenObject chosen = ChosenObject::read(view, arguments, kKinds);
-    const ObjectJson objects(view, 0);
+    const ObjectJson objects(view, Timecode());
     QJsonObject answer { { QStringLiteral("krolle"), QStringLiteral("show") },
         { QStringLiteral("schema"), kSchemaVersion }, { QStringLiteral("file"), document.path() },
         { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("label"), chosen.label(view) },

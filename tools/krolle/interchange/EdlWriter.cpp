@@ -6,15 +6,14 @@
 
 namespace {
 
-const unsigned kSecondsPerHour = 3600;
 const QString kReel = QStringLiteral("AX");
 
 class EventList
 {
 public:
-    explicit EventList(unsigned fps)
-        : m_fps(fps)
-        , m_record(kSecondsPerHour * fps)
+    explicit EventList(const Timecode& record)
+        : m_clock(record.rate())
+        , m_record(record.start())
     {
     }
 
@@ -41,7 +40,7 @@ public:
 
 private:
     void line(const QString& edit, const QString& duration, unsigned sourceIn, unsigned sourceOut,
-        unsigned recordIn, unsigned recordOut)
+        unsigned long long recordIn, unsigned long long recordOut)
     {
         m_text += QStringLiteral("%1  %2 %3 %4 %5 %6 %7 %8 %9\n")
                       .arg(m_event, 3, 10, QLatin1Char('0'))
@@ -49,12 +48,12 @@ private:
                       .arg(QStringLiteral("V"), -5)
                       .arg(edit, -4)
                       .arg(duration, 3)
-                      .arg(Timecode::ofLength(sourceIn, m_fps), Timecode::ofLength(sourceOut, m_fps),
-                          Timecode::ofLength(recordIn, m_fps), Timecode::ofLength(recordOut, m_fps));
+                      .arg(m_clock.label(sourceIn), m_clock.label(sourceOut), m_clock.label(recordIn),
+                          m_clock.label(recordOut));
     }
 
-    unsigned m_fps;
-    unsigned m_record;
+    Timecode m_clock;
+    unsigned long long m_record;
     unsigned m_event = 0;
     unsigned m_outgoingEnd = 0;
     QString m_outgoingName;
@@ -63,9 +62,9 @@ private:
 
 } // namespace
 
-QString EdlWriter::write(const StoryboardCut& cut, unsigned fps)
+QString EdlWriter::write(const StoryboardCut& cut, const Timecode& record)
 {
-    EventList events(fps);
+    EventList events(record);
     const CutTransition* before = nullptr;
     for (size_t i = 0; i < cut.items.size(); ++i) {
         const CutItem& item = cut.items[i];
@@ -78,5 +77,7 @@ QString EdlWriter::write(const StoryboardCut& cut, unsigned fps)
             before ? before->inOffset : 0);
         before = nullptr;
     }
-    return QStringLiteral("TITLE: %1\nFCM: NON-DROP FRAME\n\n").arg(cut.title) + events.text();
+    return QStringLiteral("TITLE: %1\nFCM: %2\n\n")
+               .arg(cut.title, record.rate().isDropFrame() ? QStringLiteral("DROP FRAME") : QStringLiteral("NON-DROP FRAME"))
+        + events.text();
 }

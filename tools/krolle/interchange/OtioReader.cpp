@@ -38,7 +38,7 @@ struct Node
 class Reader
 {
 public:
-    Reader(const QString& file, unsigned fps)
+    Reader(const QString& file, double fps)
         : m_file(file)
         , m_fps(fps)
     {
@@ -127,11 +127,11 @@ private:
         return unsigned(std::llround(value));
     }
 
-    unsigned documentRate(const Node& root) const
+    double documentRate(const Node& root) const
     {
         const Node start = root.at(QStringLiteral("global_start_time"));
         if (start.value.isObject())
-            return unsigned(std::lround(rateOf(start)));
+            return rateOf(start);
         return kDefaultFps;
     }
 
@@ -444,14 +444,14 @@ private:
     }
 
     QString m_file;
-    unsigned m_fps;
+    double m_fps;
     ImportedBoard m_board;
     unsigned m_pendingWidening = 0;
 };
 
 } // namespace
 
-ImportedBoard OtioReader::read(const QByteArray& bytes, const QString& file, unsigned fps)
+ImportedBoard OtioReader::read(const QByteArray& bytes, const QString& file, double fps)
 {
     return Reader(file, fps).read(bytes);
 }

@@ -29,5 +29,5 @@
 class OtioReader
 {
 public:
-    static ImportedBoard read(const QByteArray& bytes, const QString& file, unsigned fps);
+    static ImportedBoard read(const QByteArray& bytes, const QString& file, double fps);
 };

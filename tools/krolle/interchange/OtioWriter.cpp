@@ -3,6 +3,8 @@
 #include "OtioSchema.h"
 #include "StoryboardCut.h"
 
+#include "../Timecode.h"
+
 #include <QJsonArray>
 
 using namespace OtioSchema;
@@ -10,7 +12,6 @@ using namespace OtioSchema;
 namespace {
 
 const QString kMediaKey = QStringLiteral("DEFAULT_MEDIA");
-const unsigned kSecondsPerHour = 3600;
 
 QJsonObject metadataOf(const QJsonObject& facts)
 {
@@ -34,7 +35,7 @@ void addComposable(QJsonObject& object, const QJsonValue& sourceRange, const QJs
     object.insert(QStringLiteral("color"), QJsonValue());
 }
 
-QJsonObject marker(const QString& name, unsigned fps)
+QJsonObject marker(const QString& name, double fps)
 {
     QJsonObject object = item(kMarker, name, {});
     object.insert(QStringLiteral("color"), QStringLiteral("GREEN"));
@@ -44,7 +45,7 @@ QJsonObject marker(const QString& name, unsigned fps)
 }
 
 // The clip's picture as an external reference that lasts the clip, or missing media.
-QJsonObject mediaOf(const CutClip& cut, unsigned fps)
+QJsonObject mediaOf(const CutClip& cut, double fps)
 {
     if (cut.image.isEmpty()) {
         QJsonObject media = item(kMissingReference, QString(), {});
@@ -59,7 +60,7 @@ QJsonObject mediaOf(const CutClip& cut, unsigned fps)
     return media;
 }
 
-QJsonObject clip(const CutClip& cut, unsigned fps)
+QJsonObject clip(const CutClip& cut, double fps)
 {
     QJsonObject object = item(kClip, cut.name, cut.facts);
     QJsonArray markers;
@@ -71,7 +72,7 @@ QJsonObject clip(const CutClip& cut, unsigned fps)
     return object;
 }
 
-QJsonObject transition(const CutTransition& cut, unsigned fps)
+QJsonObject transition(const CutTransition& cut, double fps)
 {
     QJsonObject object = item(kTransition, cut.name, cut.facts);
     object.insert(QStringLiteral("in_offset"), rationalTime(cut.inOffset, fps));
@@ -90,15 +91,16 @@ QJsonObject container(const QString& schema, const QString& name, const QJsonArr
 
 } // namespace
 
-QJsonObject OtioWriter::write(const StoryboardCut& cut, unsigned fps)
+QJsonObject OtioWriter::write(const StoryboardCut& cut, const Timecode& record)
 {
+    const double fps = record.rate().framesPerSecond();
     QJsonArray children;
     for (const CutItem& entry : cut.items)
         children.append(entry.isTransition ? transition(entry.transition, fps) : clip(entry.clip, fps));
     QJsonObject track = container(kTrack, QStringLiteral("Storyboard"), children);
     track.insert(QStringLiteral("kind"), QStringLiteral("Video"));
     QJsonObject timeline = item(kTimeline, cut.title, cut.facts);
-    timeline.insert(QStringLiteral("global_start_time"), rationalTime(double(kSecondsPerHour) * fps, fps));
+    timeline.insert(QStringLiteral("global_start_time"), rationalTime(double(record.start()), fps));
     timeline.insert(QStringLiteral("tracks"), container(kStack, QStringLiteral("tracks"), { track }));
     return timeline;
 }

@@ -4,6 +4,7 @@
 #include <QJsonObject>
 
 class StoryboardCut;
+class Timecode;
 
 // Writes a cut as an OpenTimelineIO timeline (".otio" JSON): one stack holding
 // one video track "Storyboard", a clip per cut clip with its source range
@@ -12,10 +13,11 @@ class StoryboardCut;
 // under the "krolle" key of each object's metadata. Every field of each schema
 // is present, null where it has no value. A clip whose panel has a picture (an
 // image info field) references it (ExternalReference, the key relative to the
-// project's folder); others have MissingReference. The timeline starts at
-// 01:00:00:00.
+// project's folder); others have MissingReference. The timeline starts at the
+// start of record.
 class OtioWriter
 {
 public:
-    static QJsonObject write(const StoryboardCut& cut, unsigned fps);
+    // record: the rate, and the start of record as its start.
+    static QJsonObject write(const StoryboardCut& cut, const Timecode& record);
 };

@@ -69,7 +69,7 @@ class CutReader
 public:
     CutReader(const KRC_KrolleProject& view, StoryboardCut& cut)
         : m_view(view)
-        , m_objects(view, 0)
+        , m_objects(view, Timecode())
         , m_cut(cut)
         , m_fields(!view.panelInfoFieldDescList()->empty())
     {
