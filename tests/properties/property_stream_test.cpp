@@ -257,10 +257,10 @@ TEST(PropertyStream, NestingAndEnumGuardsDecideAlone)
                 << QString() << QString() << qint32(0) << qint32(0);
         });
     };
-    const std::pair<QByteArray, bool> cases[]
-        = { { nested(QVariant::List, 32), true }, { nested(QVariant::List, 33), false },
-              { nested(QVariant::Map, 32), true }, { nested(QVariant::Map, 33), false }, { colour(1), true },
-              { colour(9), false }, { colour(-1), false } };
+    const std::pair<QByteArray, bool> cases[] = { { nested(QVariant::List, 32), true },
+        { nested(QVariant::List, 33), false }, { nested(QVariant::Map, 32), true },
+        { nested(QVariant::Map, 33), false }, { colour(1), true }, { colour(QColor::ExtendedRgb), true },
+        { colour(QColor::ExtendedRgb + 1), false }, { colour(-1), false } };
     for (auto const& [blob, loads] : cases) {
         KRC_Property property("fresh");
         EXPECT_EQ(load(property, blob, kCurrent), loads) << blob.toHex().left(80).constData();
