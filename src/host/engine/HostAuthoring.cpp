@@ -351,13 +351,13 @@ bool checkFollowingShot(Timeline const& tl, unsigned k, qint64 delta, QString* e
         if (delta < 0 && length < lastShownFrame(tl.shot(k)))
             return fail(error,
                 QStringLiteral("shot %1 shows frames up to %2 of its panels, which would end at frame %3")
-                    .arg(k)
+                    .arg(k + 1)
                     .arg(lastShownFrame(tl.shot(k)))
                     .arg(length));
         return true;
     }
     if (!shotLengthFits(tl, k, qint64(tl.shot(k)->length()) + delta))
-        return fail(error, QStringLiteral("shot %1 would be too short for its transitions").arg(k));
+        return fail(error, QStringLiteral("shot %1 would be too short for its transitions").arg(k + 1));
     return true;
 }
 
@@ -608,7 +608,7 @@ bool resizeShot(SC_Project* project, SC_Id const& shot, unsigned newLength, QStr
     qint64 const delta = qint64(newLength) - qint64(block->length());
     if (!shotLengthFits(tl, k, newLength))
         return fail(error,
-            QStringLiteral("shot %1 needs more than %2 frames for its transitions").arg(k).arg(newLength));
+            QStringLiteral("shot %1 needs more than %2 frames for its transitions").arg(k + 1).arg(newLength));
     if (delta == 0)
         return true;
     TUScene* symbol = sceneOf(project, shot);
@@ -618,7 +618,7 @@ bool resizeShot(SC_Project* project, SC_Id const& shot, unsigned newLength, QStr
         unsigned const last = seq->getBlockCount() - 1;
         AT_FrameBlock const* panel = seq->blockAt(last);
         if (qint64(panel->length()) + delta < 1)
-            return fail(error, QStringLiteral("the last panel of shot %1 would have no frame left").arg(k));
+            return fail(error, QStringLiteral("the last panel of shot %1 would have no frame left").arg(k + 1));
         resizePanelBlock(seq, last, quint32(qint64(panel->length()) + delta));
     }
     reshapeShot(tl, k, delta, follows);
@@ -638,7 +638,7 @@ bool setTimeWarp(SC_Project* project, SC_Id const& shot, double start, double en
     unsigned const pos = tl.shots[k];
     auto* warp = AT_TimeWarpSeq::toTimeWarp(tl.tv->editBlock(pos)->seq());
     if (!warp)
-        return fail(error, QStringLiteral("shot %1 has no time warp").arg(k));
+        return fail(error, QStringLiteral("shot %1 has no time warp").arg(k + 1));
     warp->start = start;
     warp->end = end;
     tl.tv->touch();
@@ -680,7 +680,7 @@ bool removePanel(SC_Project* project, SC_Id const& panel, QString* error)
     bool const follows = followsSymbol(project, place.tl.shot(place.shot));
     if (follows && place.seq->getBlockCount() == 1)
         return fail(error,
-            QStringLiteral("shot %1 keeps at least one panel; remove the shot instead").arg(place.shot));
+            QStringLiteral("shot %1 keeps at least one panel; remove the shot instead").arg(place.shot + 1));
     AT_FrameBlock const* next = place.seq->blockAt(place.pos + 1);
     AT_FrameBlock const* block = place.seq->blockAt(place.pos);
     qint64 const shrink = next
@@ -714,7 +714,7 @@ bool movePanel(
             error, QStringLiteral("panel position %1 is past the end (%2 panels)").arg(newIndex).arg(limit));
     AT_FrameBlock const* block = from.seq->blockAt(from.pos);
     if (!sameShot && followsSymbol(project, from.tl.shot(from.shot)) && from.seq->getBlockCount() == 1)
-        return fail(error, QStringLiteral("shot %1 keeps at least one panel").arg(from.shot));
+        return fail(error, QStringLiteral("shot %1 keeps at least one panel").arg(from.shot + 1));
     if (!sameShot && !checkFollowingShot(from.tl, from.shot, -qint64(block->length()), error))
         return false;
     if (sameShot) {

@@ -27,7 +27,8 @@ class TUSceneChangeManager;
 /// transition of length L overlaps the last L frames of the shot before it and the
 /// first L frames of the shot after it (which therefore starts L frames earlier); one
 /// at either end overlaps its shot only. Every shot keeps at least one frame outside
-/// its transitions.
+/// its transitions. Refusals, written for people, number shots from 1 ("shot 1" is the
+/// shot at position 0).
 ///
 /// A shot "follows its symbol" while its warp is [1, n] over a block of n frames, n
 /// being the length of the symbol's sequence: panel edits on such a shot resize the
