@@ -5,6 +5,39 @@
 
 #include <QString>
 
+#include <cstddef>
+#include <typeinfo>
+
+namespace PIO_MetadataTypes {
+
+/// The dynamic types of records known not to be some record type: a few per type,
+/// kept per thread. A panel handle looks for seven record types among its scene's
+/// records; each failed dynamic_cast walks the type's hierarchy and compares type
+/// names, so asking once per dynamic type saves most of the cost of making a handle.
+struct KnownOthers
+{
+    static constexpr std::size_t size = 8;
+    std::type_info const* types[size] = {};
+    std::size_t nextSlot = 0;
+
+    bool contains(std::type_info const* type) const
+    {
+        for (std::type_info const* known : types) {
+            if (known == type)
+                return true;
+        }
+        return false;
+    }
+
+    void add(std::type_info const* type)
+    {
+        types[nextSlot] = type;
+        nextSlot = (nextSlot + 1) % size;
+    }
+};
+
+} // namespace PIO_MetadataTypes
+
 /// Access to the first record of type `T` in a `PIO_Metadatas`, by name when one is given.
 ///
 /// Lookup: the collection is walked in its own order and each entry is tested by a
@@ -65,7 +98,7 @@ public:
         if (!metas)
             return nullptr;
         for (auto it = metas->begin(); it != metas->end(); ++it) {
-            T* candidate = dynamic_cast<T*>(*it);
+            T* candidate = castTo(*it);
             if (candidate && (name.isNull() || candidate->metaName() == name))
                 return candidate;
         }
@@ -86,6 +119,21 @@ public:
     }
 
 private:
+    /// The record as a `T`, or null; a subclass of `T` is a `T`.
+    static T* castTo(PIO_Metadata* meta)
+    {
+        if (!meta)
+            return nullptr;
+        thread_local PIO_MetadataTypes::KnownOthers others;
+        std::type_info const* type = &typeid(*meta);
+        if (others.contains(type))
+            return nullptr;
+        T* cast = dynamic_cast<T*>(meta);
+        if (!cast)
+            others.add(type);
+        return cast;
+    }
+
     PIO_Metadatas* m_metas = nullptr;
     mutable T* m_meta = nullptr;
     QString m_name;
