@@ -175,11 +175,20 @@ void BM_WarmPanelAtRandomFrames(benchmark::State& state)
     });
 }
 
+/// The board of that size, its engine records made (the first handle of a panel makes
+/// them, once in the project's life, which is no part of a pass).
+BenchBoard& boardWithRecords(unsigned panels)
+{
+    BenchBoard& board = BenchBoard::ofPanels(panels);
+    board.view->panelCount();
+    return board;
+}
+
 /// A pass over every frame after invalidate, against building the reference and
 /// searching it at every frame.
 void BM_ColdPanelPassOverEveryFrame(benchmark::State& state)
 {
-    BenchBoard& board = BenchBoard::ofPanels(unsigned(state.range(0)));
+    BenchBoard& board = boardWithRecords(unsigned(state.range(0)));
     KRC_KrolleProject& view = *board.view;
     unsigned const frames = board.frames();
     againstReference(
@@ -199,7 +208,7 @@ void BM_ColdPanelPassOverEveryFrame(benchmark::State& state)
 /// A walk of every panel after invalidate; "ns_per_panel" is the figure to watch.
 template <class Walk> void coldWalk(benchmark::State& state, Walk walk)
 {
-    BenchBoard& board = BenchBoard::ofPanels(unsigned(state.range(0)));
+    BenchBoard& board = boardWithRecords(unsigned(state.range(0)));
     KRC_KrolleProject& view = *board.view;
     int64_t panels = 0;
     double const seconds = againstReference(
@@ -273,8 +282,7 @@ double bytesInUse()
 /// project whose records already exist: a second view made over the board.
 void BM_WarmViewMemory(benchmark::State& state)
 {
-    BenchBoard& board = BenchBoard::ofPanels(unsigned(state.range(0)));
-    board.view->panelCount(); // the engine's records, made by the first handles
+    BenchBoard& board = boardWithRecords(unsigned(state.range(0)));
     double bytes = 0;
     for (auto _ : state) {
         double const before = bytesInUse();
