@@ -5,25 +5,27 @@
 
 #include <QString>
 
+#include <atomic>
 #include <cstddef>
 #include <typeinfo>
 
 namespace PIO_MetadataTypes {
 
-/// The dynamic types of records known not to be some record type: a few per type,
-/// kept per thread. A panel handle looks for seven record types among its scene's
-/// records; each failed dynamic_cast walks the type's hierarchy and compares type
-/// names, so asking once per dynamic type saves most of the cost of making a handle.
+/// The dynamic types of records known not to be some record type: a few per type.
+/// A panel handle looks for seven record types among its scene's records; each failed
+/// dynamic_cast walks the type's hierarchy and compares type names, so asking once per
+/// dynamic type saves most of the cost of making a handle. Relaxed atomics: a thread
+/// that misses another's entry only asks dynamic_cast again.
 struct KnownOthers
 {
     static constexpr std::size_t size = 8;
-    std::type_info const* types[size] = {};
-    std::size_t nextSlot = 0;
+    std::atomic<std::type_info const*> types[size] = {};
+    std::atomic<std::size_t> nextSlot { 0 };
 
     bool contains(std::type_info const* type) const
     {
-        for (std::type_info const* known : types) {
-            if (known == type)
+        for (auto const& known : types) {
+            if (known.load(std::memory_order_relaxed) == type)
                 return true;
         }
         return false;
@@ -31,8 +33,8 @@ struct KnownOthers
 
     void add(std::type_info const* type)
     {
-        types[nextSlot] = type;
-        nextSlot = (nextSlot + 1) % size;
+        std::size_t const slot = nextSlot.fetch_add(1, std::memory_order_relaxed) % size;
+        types[slot].store(type, std::memory_order_relaxed);
     }
 };
 
@@ -124,13 +126,15 @@ private:
     {
         if (!meta)
             return nullptr;
-        thread_local PIO_MetadataTypes::KnownOthers others;
-        std::type_info const* type = &typeid(*meta);
-        if (others.contains(type))
+        static PIO_MetadataTypes::KnownOthers others;
+        std::type_info const& type = typeid(*meta);
+        if (type == typeid(T))
+            return static_cast<T*>(meta); // the type itself: no hierarchy to walk
+        if (others.contains(&type))
             return nullptr;
         T* cast = dynamic_cast<T*>(meta);
         if (!cast)
-            others.add(type);
+            others.add(&type);
         return cast;
     }
 
