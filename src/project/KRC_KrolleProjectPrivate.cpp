@@ -17,6 +17,7 @@ void KRC_KrolleProjectPrivate::clearCaches()
     lastShotCache = nullptr;
     panelCache.clear();
     timelineIndex.clear();
+    m_lookupsUnindexed = 0;
     m_symbolShot = nullptr;
     m_symbolSequence = nullptr;
     transCache.clear();

@@ -35,14 +35,19 @@ public:
     /// Sets the state of every cache, clearing those whose state changes.
     void setCachesEnabled(bool on);
 
-    /// The span of the timeline index at `frame`, the index built on first use;
-    /// `TimelineIndex::none` where it cannot answer or while the cache is disabled.
+    /// The span of the timeline index at `frame`; `TimelineIndex::none` where it
+    /// cannot answer, while the cache is disabled, and for the first few lookups after
+    /// a drop: a walk or a count asks one frame and needs no index, while a pass or a
+    /// redraw asks many and pays for it at once.
     std::size_t spanAt(unsigned frame)
     {
         if (!cacheEnabled)
             return Krolle::TimelineIndex::none;
-        if (!timelineIndex.isBuilt())
+        if (!timelineIndex.isBuilt()) {
+            if (++m_lookupsUnindexed < kLookupsBeforeIndex)
+                return Krolle::TimelineIndex::none;
             buildTimelineIndex();
+        }
         return timelineIndex.spanAt(frame);
     }
 
@@ -57,6 +62,8 @@ public:
 private:
     void buildTimelineIndex();
 
+    static constexpr unsigned kLookupsBeforeIndex = 8;
+    unsigned m_lookupsUnindexed = 0;
     AT_FrameBlock const* m_symbolShot = nullptr;
     TUSeqTimedValue* m_symbolSequence = nullptr;
 
