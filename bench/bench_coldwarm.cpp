@@ -85,7 +85,8 @@ private:
     static unsigned toProject(AT_TimeWarpSeq const* warp, AT_FrameBlock const* shot, double frame)
     {
         frame = std::min(std::max(frame, warp->start), warp->end);
-        return unsigned(AT_Frame::roundToUnsigned(warp->globalFrame(frame, shot->firstFrame, shot->lastFrame)));
+        return unsigned(
+            AT_Frame::roundToUnsigned(warp->globalFrame(frame, shot->firstFrame, shot->lastFrame)));
     }
 
     std::vector<Range> m_ranges;
@@ -163,16 +164,14 @@ template <class Lookup> void warmAtRandomFrames(benchmark::State& state, Lookup 
 
 void BM_WarmShotAtRandomFrames(benchmark::State& state)
 {
-    warmAtRandomFrames(state, [](KRC_KrolleProject& view, unsigned frame) {
-        return view.getShotAt(frame, sideOf(frame));
-    });
+    warmAtRandomFrames(
+        state, [](KRC_KrolleProject& view, unsigned frame) { return view.getShotAt(frame, sideOf(frame)); });
 }
 
 void BM_WarmPanelAtRandomFrames(benchmark::State& state)
 {
-    warmAtRandomFrames(state, [](KRC_KrolleProject& view, unsigned frame) {
-        return view.getPanelAt(frame, sideOf(frame));
-    });
+    warmAtRandomFrames(
+        state, [](KRC_KrolleProject& view, unsigned frame) { return view.getPanelAt(frame, sideOf(frame)); });
 }
 
 /// The board of that size, its engine records made (the first handle of a panel makes
@@ -303,11 +302,28 @@ void BM_WarmViewMemory(benchmark::State& state)
 BENCHMARK(BM_WarmShotAtRandomFrames)->Arg(2000)->Arg(20000)->UseManualTime();
 BENCHMARK(BM_WarmPanelAtRandomFrames)->Arg(2000)->Arg(20000)->UseManualTime();
 BENCHMARK(BM_ColdPanelPassOverEveryFrame)
-    ->Arg(2000)->Arg(20000)->Arg(200000)->UseManualTime()->Unit(benchmark::kMillisecond);
+    ->Arg(2000)
+    ->Arg(20000)
+    ->Arg(200000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ColdWalkPanelsWithNext)
-    ->Arg(2000)->Arg(20000)->Arg(200000)->UseManualTime()->Unit(benchmark::kMillisecond);
+    ->Arg(2000)
+    ->Arg(20000)
+    ->Arg(200000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ColdWalkPanelsWithIterator)
-    ->Arg(2000)->Arg(20000)->Arg(200000)->UseManualTime()->Unit(benchmark::kMillisecond);
+    ->Arg(2000)
+    ->Arg(20000)
+    ->Arg(200000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LoadProjectAndOpenView)
-    ->Arg(2000)->Arg(20000)->Arg(200000)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+    ->Arg(2000)
+    ->Arg(20000)
+    ->Arg(200000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 BENCHMARK(BM_WarmViewMemory)->Arg(20000)->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -62,7 +62,8 @@ template <class Cut> void cutIntoSpans(TUSeqTimedValue const* sequence, Cut cut)
         } else {
             cutHere(end);
             at = end + 1;
-            open.erase(std::remove_if(open.begin(), open.end(), [end](Interval const& block) { return block.last == end; }),
+            open.erase(std::remove_if(open.begin(), open.end(),
+                           [end](Interval const& block) { return block.last == end; }),
                 open.end());
         }
     }
