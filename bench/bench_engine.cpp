@@ -173,6 +173,6 @@ BENCHMARK(BM_GetBlock)->Arg(2000)->Arg(20000);
 BENCHMARK(BM_GetBlockCountAtFrame)->Arg(2000)->Arg(20000);
 BENCHMARK(BM_GetBlockCount)->Arg(2000)->Arg(20000);
 BENCHMARK(BM_SceneManagerFind)->Arg(2000)->Arg(20000);
-BENCHMARK(BM_SaveProject)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_SaveProject)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadProject)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_CheckLimits)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(3);

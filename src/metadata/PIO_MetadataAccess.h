@@ -5,6 +5,41 @@
 
 #include <QString>
 
+#include <atomic>
+#include <cstddef>
+#include <typeinfo>
+
+namespace PIO_MetadataTypes {
+
+/// The dynamic types of records known not to be some record type: a few per type.
+/// A panel handle looks for seven record types among its scene's records; each failed
+/// dynamic_cast walks the type's hierarchy and compares type names, so asking once per
+/// dynamic type saves most of the cost of making a handle. Relaxed atomics: a thread
+/// that misses another's entry only asks dynamic_cast again.
+struct KnownOthers
+{
+    static constexpr std::size_t size = 8;
+    std::atomic<std::type_info const*> types[size] = {};
+    std::atomic<std::size_t> nextSlot { 0 };
+
+    bool contains(std::type_info const* type) const
+    {
+        for (auto const& known : types) {
+            if (known.load(std::memory_order_relaxed) == type)
+                return true;
+        }
+        return false;
+    }
+
+    void add(std::type_info const* type)
+    {
+        std::size_t const slot = nextSlot.fetch_add(1, std::memory_order_relaxed) % size;
+        types[slot].store(type, std::memory_order_relaxed);
+    }
+};
+
+} // namespace PIO_MetadataTypes
+
 /// Access to the first record of type `T` in a `PIO_Metadatas`, by name when one is given.
 ///
 /// Lookup: the collection is walked in its own order and each entry is tested by a
@@ -65,7 +100,7 @@ public:
         if (!metas)
             return nullptr;
         for (auto it = metas->begin(); it != metas->end(); ++it) {
-            T* candidate = dynamic_cast<T*>(*it);
+            T* candidate = castTo(*it);
             if (candidate && (name.isNull() || candidate->metaName() == name))
                 return candidate;
         }
@@ -86,6 +121,23 @@ public:
     }
 
 private:
+    /// The record as a `T`, or null; a subclass of `T` is a `T`.
+    static T* castTo(PIO_Metadata* meta)
+    {
+        if (!meta)
+            return nullptr;
+        static PIO_MetadataTypes::KnownOthers others;
+        std::type_info const& type = typeid(*meta);
+        if (type == typeid(T))
+            return static_cast<T*>(meta); // the type itself: no hierarchy to walk
+        if (others.contains(&type))
+            return nullptr;
+        T* cast = dynamic_cast<T*>(meta);
+        if (!cast)
+            others.add(&type);
+        return cast;
+    }
+
     PIO_Metadatas* m_metas = nullptr;
     mutable T* m_meta = nullptr;
     QString m_name;

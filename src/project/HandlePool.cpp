@@ -64,6 +64,8 @@ struct Pools
     std::mutex mutex;
     std::array<SizeClass, kLargest / kGrain> classes;
     std::vector<std::unique_ptr<char[]>> slabs;
+    std::size_t inUse = 0; // bytes of the slots handed out
+    std::size_t reserved = 0; // bytes of the slabs
 };
 
 /// Never destroyed: static handles of the host may go after any static of ours.
@@ -97,7 +99,12 @@ void* HandlePool::take(std::size_t size)
     std::size_t const slot = slotSize(size);
     Pools& all = pools();
     std::lock_guard<std::mutex> lock(all.mutex);
-    return all.classes[slot / kGrain - 1].take(slot, all.slabs);
+    all.inUse += slot;
+    std::size_t const slabs = all.slabs.size();
+    void* const taken = all.classes[slot / kGrain - 1].take(slot, all.slabs);
+    if (all.slabs.size() != slabs)
+        all.reserved += kSlabBytes / slot * slot;
+    return taken;
 }
 
 void HandlePool::give(void* memory, std::size_t size)
@@ -110,7 +117,22 @@ void HandlePool::give(void* memory, std::size_t size)
     }
     Pools& all = pools();
     std::lock_guard<std::mutex> lock(all.mutex);
+    all.inUse -= slotSize(size);
     all.classes[slotSize(size) / kGrain - 1].give(memory);
+}
+
+std::size_t HandlePool::bytesInUse()
+{
+    Pools& all = pools();
+    std::lock_guard<std::mutex> lock(all.mutex);
+    return all.inUse;
+}
+
+std::size_t HandlePool::bytesReserved()
+{
+    Pools& all = pools();
+    std::lock_guard<std::mutex> lock(all.mutex);
+    return all.reserved;
 }
 
 } // namespace Krolle

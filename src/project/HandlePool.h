@@ -25,6 +25,12 @@ public:
     static void* take(std::size_t size);
     /// Gives back memory that `take(size)` handed out, with the same size.
     static void give(void* memory, std::size_t size);
+
+    /// Bytes of the slots handed out and not given back (a memory figure for hosts
+    /// and benchmarks).
+    static std::size_t bytesInUse();
+    /// Bytes of every slab taken from the heap so far.
+    static std::size_t bytesReserved();
 };
 
 } // namespace Krolle

@@ -11,6 +11,7 @@ using Krolle::ObjectCache;
 using Krolle::Panel_t;
 using Krolle::PanelTrans_t;
 using Krolle::Shot_t;
+using Krolle::TimelineIndex;
 using Krolle::Trans_t;
 
 unsigned const KRC_KrolleProject::invalidNdx;
@@ -196,6 +197,23 @@ void markFreshSceneInfo(Shot_t const& shot)
 
 Shot_t KRC_KrolleProject::getShotAt(unsigned frame, ResolutionPriority priority) const
 {
+    std::size_t const span = d->spanAt(frame);
+    if (span == TimelineIndex::none)
+        return shotAtByEngine(frame, priority);
+    TimelineIndex& index = d->timelineIndex;
+    Shot_t& known = index.shotOf(span);
+    if (known.isValid() || index.shotByEngine(span))
+        return known.isValid() ? known : shotAtByEngine(frame, priority);
+    Shot_t const found = shotAtByEngine(frame, priority);
+    if (found.isValid() && found.frameBlock() == index.blockOf(span))
+        known = found;
+    else
+        index.setShotByEngine(span);
+    return found;
+}
+
+Shot_t KRC_KrolleProject::shotAtByEngine(unsigned frame, ResolutionPriority priority) const
+{
     bool const forward = priority != PreferPrevious;
     Shot_t const hit = d->shotCache.findByFrame(frame, !forward);
     TUSeqTimedValue* tv = topSceneTv();
@@ -254,8 +272,7 @@ Panel_t KRC_KrolleProject::getPanelIn(Shot_t const& shot, unsigned frame) const
     Panel_t const hit = cache.findByFrame(tvFrame, true);
     if (hit.isValid())
         return hit;
-    TUScene* symbol = d->blockScene(shot.frameBlock());
-    if (TUSeqTimedValue* symbolTv = Krolle::getSeqTimedValueOf(symbol)) {
+    if (TUSeqTimedValue* symbolTv = d->symbolSequenceOf(shot.frameBlock())) {
         if (symbolTv->getBlockCount() == 0)
             return Panel_t::invalid;
         AT_FrameBlock const* block = symbolTv->getBlock(tvFrame);
@@ -285,6 +302,45 @@ void KRC_KrolleProject::reportPanelNotFound(Shot_t const& shot, unsigned frame) 
 }
 
 Panel_t KRC_KrolleProject::getPanelAt(unsigned frame, ResolutionPriority priority) const
+{
+    std::size_t const span = d->spanAt(frame);
+    Krolle::IndexedPanel* slot = span == TimelineIndex::none ? nullptr : indexedPanel(span, frame);
+    if (slot && slot->panel.isValid())
+        return slot->panel;
+    Panel_t const found = panelAtByEngine(frame, priority);
+    if (slot && !slot->byEngine) {
+        if (found.isValid() && found.frameBlock() == slot->block)
+            slot->panel = found;
+        else
+            slot->byEngine = true;
+    }
+    return found;
+}
+
+Krolle::IndexedPanel* KRC_KrolleProject::indexedPanel(std::size_t span, unsigned frame) const
+{
+    TimelineIndex& index = d->timelineIndex;
+    if (!index.hasPanels(span)) {
+        // The span has one shot: either side finds it.
+        Shot_t const shot = getShotAt(frame, PreferPrevious);
+        index.buildPanels(span, symbolSequenceIndexed(shot), shot.firstFrame(), shot.prjFrameToTvFrame(1));
+    }
+    return index.panelAt(span, frame);
+}
+
+TUSeqTimedValue const* KRC_KrolleProject::symbolSequenceIndexed(Shot_t const& shot) const
+{
+    if (shot.isInvalid())
+        return nullptr;
+    // Panels are looked up at the symbol frame prjFrameToTvFrame gives, which steps
+    // with the project frame only from a warp start of 0 up.
+    AT_TimeWarpSeq const* warp = AT_TimeWarpSeq::toTimeWarp(shot.frameBlock()->seq());
+    if (warp && !(warp->start >= 0.0 && warp->start < 1e9))
+        return nullptr;
+    return d->symbolSequenceOf(shot.frameBlock());
+}
+
+Panel_t KRC_KrolleProject::panelAtByEngine(unsigned frame, ResolutionPriority priority) const
 {
     Shot_t const shot = getShotAt(frame, priority);
     if (shot.isInvalid())

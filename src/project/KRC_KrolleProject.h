@@ -31,6 +31,7 @@ class KRC_ReferenceToolData;
 
 namespace Krolle {
 template <class T> class ObjectCache;
+struct IndexedPanel;
 } // namespace Krolle
 
 /// The storyboard's view of an engine project: shots, panels and transitions derived
@@ -446,6 +447,13 @@ private:
     void reportInfoFieldChange(PIO_Metadata* record, int code, bool report) const;
 
     Krolle::Shot_t shotOfBlock(AT_FrameBlock const* block) const;
+    // The frame lookups as the engine answers them, beside the timeline index.
+    Krolle::Shot_t shotAtByEngine(unsigned frame, ResolutionPriority priority) const;
+    Krolle::Panel_t panelAtByEngine(unsigned frame, ResolutionPriority priority) const;
+    // The panel slot of a frame in a span of the index, its panels cut on first use.
+    Krolle::IndexedPanel* indexedPanel(std::size_t span, unsigned frame) const;
+    // The shot's symbol sequence when the index can cut it, else null.
+    TUSeqTimedValue const* symbolSequenceIndexed(Krolle::Shot_t const& shot) const;
     Krolle::Panel_t makePanel(Krolle::Shot_t const& shot, Krolle::ObjectCache<Krolle::Panel_t>& cache,
         AT_FrameBlock const* block, TUScene* scene) const;
     void reportPanelNotFound(Krolle::Shot_t const& shot, unsigned frame) const;

@@ -166,7 +166,7 @@ Panel_t KRC_KrolleProject::panelFrom(
     Shot_t const& shot, AT_FrameBlock const* block, bool forward, bool beyond) const
 {
     TUSeqTimedValue const* symbolTv
-        = shot.isValid() ? Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock())) : nullptr;
+        = shot.isValid() ? d->symbolSequenceOf(shot.frameBlock()) : nullptr;
     if (!symbolTv)
         return Panel_t::invalid;
     if (beyond && block)
@@ -206,7 +206,7 @@ Panel_t KRC_KrolleProject::endPanelOf(Shot_t const& shot, bool last) const
     Panel_t const atEnd = getPanelIn(shot, last ? shot.objNumOfFrame() : 1);
     if (atEnd.isValid() || shot.isInvalid())
         return atEnd;
-    TUSeqTimedValue const* symbolTv = Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock()));
+    TUSeqTimedValue const* symbolTv = d->symbolSequenceOf(shot.frameBlock());
     unsigned const count = symbolTv ? symbolTv->getBlockCount() : 0;
     return count == 0 ? Panel_t::invalid
                       : panelFrom(shot, symbolTv->blockAt(last ? count - 1 : 0), !last, false);

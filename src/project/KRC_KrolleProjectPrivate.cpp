@@ -1,5 +1,7 @@
 #include "project/KRC_KrolleProjectPrivate.h"
 
+#include "project/EngineLinks.h"
+
 KRC_KrolleProjectPrivate::KRC_KrolleProjectPrivate(SC_Project* engineProject)
     : project(engineProject)
     , referenceToolData(engineProject ? engineProject->metadatas() : nullptr)
@@ -14,6 +16,10 @@ void KRC_KrolleProjectPrivate::clearCaches()
     panelCachesByShot.clear();
     lastShotCache = nullptr;
     panelCache.clear();
+    timelineIndex.clear();
+    m_lookupsUnindexed = 0;
+    m_symbolShot = nullptr;
+    m_symbolSequence = nullptr;
     transCache.clear();
     sceneCommonToPanelId.clear();
     sceneCommonToShotId.clear();
@@ -54,6 +60,24 @@ void KRC_KrolleProjectPrivate::setCachesEnabled(bool on)
     alignCache(panelCache, on);
     for (auto& shotPanels : panelCachesByShot)
         alignCache(shotPanels.second, on);
+}
+
+void KRC_KrolleProjectPrivate::buildTimelineIndex()
+{
+    TUScene* top = project ? dynamic_cast<TUScene*>(project->sceneAt(0)) : nullptr;
+    timelineIndex.build(Krolle::getSeqTimedValueOf(top));
+}
+
+TUSeqTimedValue* KRC_KrolleProjectPrivate::symbolSequenceOf(AT_FrameBlock const* shotBlock)
+{
+    if (cacheEnabled && shotBlock && shotBlock == m_symbolShot)
+        return m_symbolSequence;
+    TUSeqTimedValue* sequence = Krolle::getSeqTimedValueOf(blockScene(shotBlock));
+    if (cacheEnabled) {
+        m_symbolShot = shotBlock;
+        m_symbolSequence = sequence;
+    }
+    return sequence;
 }
 
 TUScene* KRC_KrolleProjectPrivate::blockScene(AT_FrameBlock const* block) const

@@ -8,6 +8,7 @@
 #include "project/ObjectCache.h"
 #include "project/Panel_t.h"
 #include "project/Shot_t.h"
+#include "project/TimelineIndex.h"
 #include "project/Trans_t.h"
 
 #include <QMutex>
@@ -34,9 +35,39 @@ public:
     /// Sets the state of every cache, clearing those whose state changes.
     void setCachesEnabled(bool on);
 
+    /// The span of the timeline index at `frame`; `TimelineIndex::none` where it
+    /// cannot answer, while the cache is disabled, and for the first few lookups after
+    /// a drop: a walk or a count asks one frame and needs no index, while a pass or a
+    /// redraw asks many and pays for it at once.
+    std::size_t spanAt(unsigned frame)
+    {
+        if (!cacheEnabled)
+            return Krolle::TimelineIndex::none;
+        if (!timelineIndex.isBuilt()) {
+            if (++m_lookupsUnindexed < kLookupsBeforeIndex)
+                return Krolle::TimelineIndex::none;
+            buildTimelineIndex();
+        }
+        return timelineIndex.spanAt(frame);
+    }
+
     /// The scene that a scene block shows: null for a null block, a block of another
     /// kind, or a scene that the project does not know.
     TUScene* blockScene(AT_FrameBlock const* block) const;
+
+    /// The sequence of the scene that a shot block shows, or null. Kept for the last
+    /// block asked while the cache is enabled: a walk asks for it at every panel.
+    TUSeqTimedValue* symbolSequenceOf(AT_FrameBlock const* shotBlock);
+
+private:
+    void buildTimelineIndex();
+
+    static constexpr unsigned kLookupsBeforeIndex = 8;
+    unsigned m_lookupsUnindexed = 0;
+    AT_FrameBlock const* m_symbolShot = nullptr;
+    TUSeqTimedValue* m_symbolSequence = nullptr;
+
+public:
 
     // The owned managers go here, made in this order after the view's connections:
     // drawing observer, panel layer manager, tracking manager, name helper.
@@ -57,6 +88,8 @@ public:
     Krolle::ObjectCache<Krolle::Shot_t> shotCache;
     Krolle::ObjectCache<Krolle::Trans_t> transCache;
     Krolle::ObjectCache<Krolle::Panel_t> panelCache; // read by id only
+    /// Frame to shot and panel in a step, for frames that one block covers alone.
+    Krolle::TimelineIndex timelineIndex;
     // Hashed: a pass or walk meets a new shot every few panels.
     std::unordered_map<SC_Id, Krolle::ObjectCache<Krolle::Panel_t>> panelCachesByShot;
     // The per-shot cache of the last panelCacheOf(): lookups run shot by shot.

@@ -135,7 +135,7 @@ unsigned KRC_KrolleProject::panelCount(Shot_t const& shot) const
     if (shot.isInvalid())
         return 0;
     AT_TimeWarpSeq const* warp = AT_TimeWarpSeq::toTimeWarp(shot.frameBlock()->seq());
-    TUSeqTimedValue* symbolTv = Krolle::getSeqTimedValueOf(d->blockScene(shot.frameBlock()));
+    TUSeqTimedValue* symbolTv = d->symbolSequenceOf(shot.frameBlock());
     if (!warp || !symbolTv)
         return 0;
     // A panel that runs past the end of the warp is not counted.

@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include <memory>
+#include <vector>
 
 using namespace Krolle;
 
@@ -266,5 +267,27 @@ TEST(Edits, TheViewFollowsEveryEditAfterNotify)
     }
     EXPECT_EQ(0, messages.count());
 }
+
+// Lookups from the back of the timeline first, so that the first answer in each span
+// of frames is not at its start: the warm answers must be the engine's at every frame
+// and the very handles the first lookups gave.
+class WarmFromTheBack : public ::testing::TestWithParam<char const*>
+{
+};
+
+TEST_P(WarmFromTheBack, AnswerAsTheEngineWithTheFirstHandles)
+{
+    ProjectBoard board(QString::fromLatin1(GetParam()));
+    unsigned const frames = board.timeline()->nFrames();
+    std::vector<Panel_t> first;
+    for (unsigned frame = frames + 1; frame-- > 0;)
+        first.push_back(board->getPanelAt(frame, frame % 2 ? Prev : Next));
+    for (unsigned frame = frames + 1; frame-- > 0;)
+        EXPECT_TRUE(shared(first[frames - frame], board->getPanelAt(frame, frame % 2 ? Prev : Next))) << frame;
+    EXPECT_TRUE(projectViewIsConsistent(board.view()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Timelines, WarmFromTheBack,
+    ::testing::Values(kTransitions, "S[4,4,4]~3:9=7 S[2]", "S[4,4]~2.5:7=5 T1 S[3,1]", "S[3,3]~1:4=2 S[5]~2:5"));
 
 } // namespace

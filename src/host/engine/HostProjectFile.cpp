@@ -26,9 +26,9 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <map>
-#include <set>
 #include <sys/stat.h>
+#include <unordered_map>
+#include <unordered_set>
 #include <unistd.h>
 
 namespace {
@@ -254,7 +254,7 @@ private:
     bool readMetadatas(PIO_Metadatas& records);
 
     bool checkProject();
-    bool checkReferences(TUScene const& scene, std::set<SC_Id>& shown);
+    bool checkReferences(TUScene const& scene, std::unordered_set<SC_Id>& shown);
     bool checkDepths();
     bool checkCoverage();
     bool checkCovered(TUScene const& scene, quint64 lastShown, bool panelsOnly);
@@ -263,8 +263,12 @@ private:
     SC_Project* m_project;
     QString m_error;
     quint64 m_nextId = 0;
-    std::map<AT_FrameBlock const*, Place> m_blockPlaces;
-    std::map<SC_SceneBase const*, Place> m_scenePlaces;
+    // Hashed, and the blocks also in the order read: a project holds tens of
+    // thousands of blocks and scenes, and a tree insertion each was a good part of
+    // a load.
+    std::vector<AT_FrameBlock const*> m_blocksRead;
+    std::unordered_map<AT_FrameBlock const*, Place> m_blockPlaces;
+    std::unordered_map<SC_SceneBase const*, Place> m_scenePlaces;
 };
 
 // Steps to the next child element of the current one; false at its end (or on error).
@@ -423,11 +427,12 @@ bool ProjectReader::readScene()
     TUScene* scene = m_project->createScene(name, id);
     scene->sceneCommon()->setCameraPlanes(nearPlane, farPlane);
     m_scenePlaces[scene] = place;
-    std::set<QString> seen;
+    QStringList seen; // a scene has four kinds of children at most
     QString child;
     while (nextChild(child)) {
-        if (!seen.insert(child).second)
+        if (seen.contains(child))
             return fail(QStringLiteral("<%1> is given twice in scene %2").arg(child).arg(id.value()));
+        seen << child;
         bool ok = false;
         if (child == kSequence)
             ok = readSequence(*scene);
@@ -479,6 +484,7 @@ bool ProjectReader::readBlock(TUSeqTimedValue& seq)
     AT_FrameBlock const* block = seq.insertBlock(seq.getBlockCount(),
         std::make_unique<AT_FrameBlock>(quint32(first), quint32(last), std::move(content)));
     m_blockPlaces[block] = place;
+    m_blocksRead.push_back(block);
     m_xml.skipCurrentElement();
     return !m_xml.hasError();
 }
@@ -556,18 +562,18 @@ bool ProjectReader::checkProject()
         return failAt(Place { 1, 1 }, QStringLiteral("the project has no scene"));
     SC_ProjectCommon* common = m_project->projectCommon();
     // Transition ids are unique in the project and no scene's.
-    std::map<SC_Id, Place> transitionIds;
-    for (auto const& entry : m_blockPlaces) {
-        auto const* transition = AT_TransitionSeq::toTransition(entry.first->seq());
+    std::unordered_set<SC_Id> transitionIds;
+    for (AT_FrameBlock const* block : m_blocksRead) {
+        auto const* transition = AT_TransitionSeq::toTransition(block->seq());
         if (!transition)
             continue;
-        if (common->sceneManager()->find(transition->id)
-            || !transitionIds.emplace(transition->id, entry.second).second)
-            return failAt(
-                entry.second, QStringLiteral("transition id %1 is already used").arg(transition->id.value()));
+        if (common->sceneManager()->find(transition->id) || !transitionIds.insert(transition->id).second)
+            return failAt(m_blockPlaces[block],
+                QStringLiteral("transition id %1 is already used").arg(transition->id.value()));
         common->reserveId(transition->id);
     }
-    std::set<SC_Id> shown;
+    std::unordered_set<SC_Id> shown;
+    shown.reserve(m_blocksRead.size());
     for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
         if (!checkReferences(*static_cast<TUScene const*>(m_project->sceneAt(i)), shown))
             return false;
@@ -582,7 +588,7 @@ bool ProjectReader::checkProject()
 }
 
 // Each block refers to a scene of the project, which it alone shows.
-bool ProjectReader::checkReferences(TUScene const& scene, std::set<SC_Id>& shown)
+bool ProjectReader::checkReferences(TUScene const& scene, std::unordered_set<SC_Id>& shown)
 {
     TUSeqTimedValue const* seq = scene.sequence();
     QString why;
@@ -615,8 +621,10 @@ bool ProjectReader::checkReferences(TUScene const& scene, std::set<SC_Id>& shown
 bool ProjectReader::checkDepths()
 {
     SC_SceneManager const* scenes = m_project->projectCommon()->sceneManager();
-    std::map<SC_SceneBase const*, AT_FrameBlock const*> shownBy;
-    std::map<AT_FrameBlock const*, TUScene const*> blockOwner;
+    std::unordered_map<SC_SceneBase const*, AT_FrameBlock const*> shownBy;
+    std::unordered_map<AT_FrameBlock const*, TUScene const*> blockOwner;
+    shownBy.reserve(m_blocksRead.size());
+    blockOwner.reserve(m_blocksRead.size());
     for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
         auto const* scene = static_cast<TUScene const*>(m_project->sceneAt(i));
         TUSeqTimedValue const* seq = scene->sequence();
@@ -628,10 +636,13 @@ bool ProjectReader::checkDepths()
             }
         }
     }
-    std::map<SC_SceneBase const*, int> depth;
+    std::unordered_map<SC_SceneBase const*, int> depth;
+    depth.reserve(m_project->sceneCount());
+    std::vector<SC_SceneBase const*> chain;
+    std::unordered_set<SC_SceneBase const*> onChain;
     for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
-        std::vector<SC_SceneBase const*> chain;
-        std::set<SC_SceneBase const*> onChain;
+        chain.clear();
+        onChain.clear();
         SC_SceneBase const* at = m_project->sceneAt(i);
         int known = 0;
         while (at) {
