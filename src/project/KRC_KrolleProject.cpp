@@ -287,8 +287,10 @@ Panel_t KRC_KrolleProject::makePanel(
     Shot_t const& shot, ObjectCache<Panel_t>& cache, AT_FrameBlock const* block, TUScene* scene) const
 {
     Panel_t const panel(block, scene, shot, d->nameHelper);
-    // Keyed in a mixture of two numberings; only the id side of this cache is read.
-    d->panelCache.insert(block->firstFrame + shot.firstFrame(), block->length(), panel);
+    // The project-wide panel cache is only read by id. Frame entries there, keyed by the
+    // symbol's frames, came out of order at every transition, and each such insert moved
+    // the entries behind it: quadratic over a walk of a large project.
+    d->panelCache.insertById(panel);
     cache.insert(block->firstFrame, block->length(), panel);
     return panel;
 }

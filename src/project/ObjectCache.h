@@ -41,6 +41,14 @@ public:
         m_byId.set(object.id(), object);
     }
 
+    /// The id side alone, for a cache that is only ever read by id: no frame entry to
+    /// keep in order.
+    void insertById(T const& object)
+    {
+        if (enabled)
+            m_byId.set(object.id(), object);
+    }
+
     /// The object covering `frame`. The hits are collected from the latest start
     /// back to the earliest, stopping at the first entry that does not cover the
     /// frame; with several hits `takeFront` picks the latest start, otherwise the
