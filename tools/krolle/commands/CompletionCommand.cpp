@@ -8,7 +8,7 @@ namespace {
 const QStringList kToolWords { QStringLiteral("help"), QStringLiteral("version"), QStringLiteral("--help"),
     QStringLiteral("--version"), QStringLiteral("-V") };
 
-// Text inside a zsh single-quoted word of an _arguments spec or a _describe entry.
+// Text inside a zsh single-quoted word of an _arguments entry or a _describe entry.
 QString zshQuoted(QString text)
 {
     text.replace(QLatin1Char('\''), QStringLiteral("'\\''"));
@@ -98,22 +98,22 @@ QString CompletionCommand::zsh() const
     for (const auto& command : m_commands) {
         const ArgumentParser& parser = command->parser();
         described += QStringLiteral("        '%1:%2'\n").arg(command->name(), zshQuoted(parser.summary()));
-        QStringList specs { QStringLiteral("'*:file:_files'") };
+        QStringList optionWords { QStringLiteral("'*:file:_files'") };
         const QStringList valued = parser.valueOptionNames();
         for (const auto& entry : parser.entries()) {
             const QStringList words = entry.first.split(QLatin1Char(' '));
             const QString name = words.first();
             if (!name.startsWith(QLatin1String("--")))
                 continue;
-            QString spec = QStringLiteral("'%1[%2]").arg(name, zshQuoted(entry.second));
+            QString optionWord = QStringLiteral("'%1[%2]").arg(name, zshQuoted(entry.second));
             if (valued.contains(name)) {
                 const QStringList values = choicesOf(words.value(1));
-                spec += QStringLiteral(":%1:%2").arg(zshQuoted(words.value(1)),
+                optionWord += QStringLiteral(":%1:%2").arg(zshQuoted(words.value(1)),
                     values.isEmpty() ? QStringLiteral("_files") : QStringLiteral("(%1)").arg(values.join(QLatin1Char(' '))));
             }
-            specs << spec + QLatin1Char('\'');
+            optionWords << optionWord + QLatin1Char('\'');
         }
-        cases += QStringLiteral("        %1) _arguments %2 ;;\n").arg(command->name(), specs.join(QLatin1Char(' ')));
+        cases += QStringLiteral("        %1) _arguments %2 ;;\n").arg(command->name(), optionWords.join(QLatin1Char(' ')));
     }
     return QStringLiteral("#compdef krolle\n"
                           "# zsh completion for krolle; made by 'krolle completion zsh'\n"
