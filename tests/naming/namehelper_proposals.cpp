@@ -43,8 +43,6 @@ TEST(NameByRules, PositionNamesArePaddedAndOnlyUnlockedPermittedNamesChange)
     for (const auto& r : rows)
         EXPECT_EQ(H::getName(StoredRules(r.rule, r.width).rules(), r.index), QLatin1String(r.expected))
             << "rule " << r.rule << " width " << r.width << " index " << r.index;
-    EXPECT_EQ(H::getLeadingSpaces(StoredRules(0, 3).rules()), 3);
-    EXPECT_EQ(H::getLeadingSpaces(StoredRules(0, -1).rules()), 0);
 
     for (int flag = 0; flag < 4; ++flag) {
         for (bool allow : { false, true }) {
