@@ -45,12 +45,6 @@ std::unique_ptr<AT_FrameBlock> transitionBlock(quint64 id, quint32 first = 1, qu
         first, last, std::make_unique<AT_TransitionSeq>(SC_Id(id), 1, 45, true));
 }
 
-template <class Handle> bool sharePrivate(Handle const& a, Handle const& b)
-{
-    using Base = SharedPtr<typename Handle::element_type>;
-    return static_cast<Base const&>(a) == static_cast<Base const&>(b);
-}
-
 } // namespace
 
 TEST(InvalidHandles, AnswerEmptyValuesWithoutAMessageAndShareTheStatics)

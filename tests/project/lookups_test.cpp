@@ -18,79 +18,9 @@ namespace {
 KRC_KrolleProject::ResolutionPriority const Prev = KRC_KrolleProject::PreferPrevious;
 KRC_KrolleProject::ResolutionPriority const Next = KRC_KrolleProject::PreferNext;
 
-/// Whether two handles share one private object, i.e. one came from the cache.
-template <class Handle> bool shared(Handle const& a, Handle const& b)
-{
-    using Base = SharedPtr<typename Handle::element_type>;
-    return static_cast<Base const&>(a) == static_cast<Base const&>(b);
-}
-
-/// A panel by its place on the board: shot index and panel index; -1 for none.
-struct At
-{
-    int shot;
-    int panel;
-};
-
-struct FrameCase
-{
-    unsigned frame;
-    int prevShot, nextShot;
-    At prevPanel, nextPanel;
-    int transition;
-};
-
-SC_Id shotId(ProjectBoard const& board, int index)
-{
-    return index < 0 ? invalidId : board.shot(size_t(index));
-}
-
-SC_Id panelId(ProjectBoard const& board, At at)
-{
-    return at.shot < 0 ? invalidId : board.panel(size_t(at.shot), size_t(at.panel));
-}
-
-SC_Id transId(ProjectBoard const& board, int index)
-{
-    return index < 0 ? invalidId : board.transition(size_t(index));
-}
-
-void expectFrame(ProjectBoard const& board, FrameCase const& c)
-{
-    SCOPED_TRACE(testing::Message() << "frame " << c.frame);
-    EXPECT_EQ(shotId(board, c.prevShot), board->getShotAt(c.frame, Prev).id());
-    EXPECT_EQ(shotId(board, c.nextShot), board->getShotAt(c.frame, Next).id());
-    EXPECT_EQ(panelId(board, c.prevPanel), board->getPanelAt(c.frame, Prev).id());
-    EXPECT_EQ(panelId(board, c.nextPanel), board->getPanelAt(c.frame, Next).id());
-    EXPECT_EQ(transId(board, c.transition), board->getTransAt(c.frame).id());
-    PanelTrans_t const either = board->getPanelTransAt(c.frame);
-    EXPECT_EQ(c.transition >= 0, either.isTrans());
-    EXPECT_EQ(c.transition >= 0 ? transId(board, c.transition) : panelId(board, c.prevPanel), either.id());
-    if (either.isValid()) { // the frames of whichever it holds
-        auto const frames = [](auto const& handle) {
-            return std::make_tuple(handle.firstFrame(), handle.lastFrame(), handle.objNumOfFrame());
-        };
-        EXPECT_EQ(
-            either.isTrans() ? frames(board->getTransAt(c.frame)) : frames(board->getPanelAt(c.frame, Prev)),
-            frames(either));
-    }
-}
-
 // Blocks of the board: T0 [1,2], S0 [1,10] with panels [1,5] [6,10], T1 [7,10],
 // S1 [7,12] with one panel, S2 [13,15], T2 [14,15].
 char const* const kTransitions = "T2 S[5,5] T4 S[6] S[3] T2";
-
-FrameCase const kTransitionFrames[] = {
-    { 0, -1, -1, { -1, 0 }, { -1, 0 }, -1 }, // before the timeline
-    { 1, 0, 0, { 0, 0 }, { 0, 0 }, 0 }, // leading transition: no shot before it
-    { 2, 0, 0, { 0, 0 }, { 0, 0 }, 0 }, { 3, 0, 0, { 0, 0 }, { 0, 0 }, -1 },
-    { 6, 0, 0, { 0, 1 }, { 0, 1 }, -1 },
-    { 7, 0, 1, { 0, 1 }, { 1, 0 }, 1 }, // first frame under the inner transition
-    { 10, 0, 1, { 0, 1 }, { 1, 0 }, 1 }, // last frame under it
-    { 11, 1, 1, { 1, 0 }, { 1, 0 }, -1 }, { 13, 2, 2, { 2, 0 }, { 2, 0 }, -1 },
-    { 14, 2, 2, { 2, 0 }, { 2, 0 }, 2 }, // trailing transition: no shot after it
-    { 15, 2, 2, { 2, 0 }, { 2, 0 }, 2 }, { 16, -1, -1, { -1, 0 }, { -1, 0 }, -1 }, // past the end
-};
 
 class TransitionFrames : public CacheStateTest
 {
@@ -101,13 +31,17 @@ protected:
     }
 };
 
+// Every frame from before the start to past the end, cold then warm, on both sides of
+// each transition, resolves as the engine's blocks say: the invariant check asks them all.
 TEST_P(TransitionFrames, ResolveToTheAskedSide)
 {
-    for (int pass = 0; pass < 2; ++pass) { // cold, then warm
-        for (FrameCase const& c : kTransitionFrames)
-            expectFrame(board, c);
-    }
     EXPECT_TRUE(projectViewIsConsistent(board.view()));
+    // The panel-or-transition has the frames of whichever it holds.
+    auto const frames = [](PanelTrans_t const& either) {
+        return std::make_tuple(either.firstFrame(), either.lastFrame(), either.objNumOfFrame());
+    };
+    EXPECT_EQ(std::make_tuple(7u, 10u, 4u), frames(board->getPanelTransAt(8)));
+    EXPECT_EQ(std::make_tuple(1u, 5u, 5u), frames(board->getPanelTransAt(3)));
 }
 
 INSTANTIATE_CACHE_STATES(Lookups, TransitionFrames);
@@ -117,24 +51,13 @@ INSTANTIATE_CACHE_STATES(Lookups, TransitionFrames);
 TEST(WarpedShot, ShowsTheCutPanelsAtTheirSequenceFrames)
 {
     ProjectBoard board(QStringLiteral("S[4,4,4]~3:9=7 S[2]"));
-    FrameCase const cases[] = {
-        { 1, 0, 0, { 0, 0 }, { 0, 0 }, -1 },
-        { 2, 0, 0, { 0, 0 }, { 0, 0 }, -1 },
-        { 3, 0, 0, { 0, 1 }, { 0, 1 }, -1 },
-        { 6, 0, 0, { 0, 1 }, { 0, 1 }, -1 },
-        { 7, 0, 0, { 0, 2 }, { 0, 2 }, -1 },
-        { 8, 1, 1, { 1, 0 }, { 1, 0 }, -1 },
-    };
-    for (FrameCase const& c : cases)
-        expectFrame(board, c);
-
+    EXPECT_TRUE(projectViewIsConsistent(board.view()));
     Panel_t const first = board->getPanelAt(1, Prev);
     EXPECT_EQ(1u, first.firstFrame()); // clamped to the shot's first frame
     EXPECT_EQ(2u, first.lastFrame());
     Panel_t const last = board->getPanelAt(7, Prev);
     EXPECT_EQ(7u, last.firstFrame());
     EXPECT_EQ(7u, last.lastFrame());
-    EXPECT_TRUE(projectViewIsConsistent(board.view()));
 }
 
 TEST(PanelIn, LooksBesideTheShotAtFrameZeroAndNotPastItsLength)
@@ -186,27 +109,27 @@ TEST(Caches, EnabledShareHandlesAndDisabledBuildFreshOnes)
     Shot_t const shot = board->getShotAt(3, Prev);
     Panel_t const panel = board->getPanelAt(3, Prev);
     Trans_t const transition = board->getTransAt(8);
-    EXPECT_TRUE(shared(shot, board->getShotAt(4, Next)));
-    EXPECT_TRUE(shared(panel.shot(), shot));
-    EXPECT_TRUE(shared(panel, board->getPanelAt(4, Prev)));
-    EXPECT_TRUE(shared(transition, board->getTransAt(9)));
+    EXPECT_TRUE(sharePrivate(shot, board->getShotAt(4, Next)));
+    EXPECT_TRUE(sharePrivate(panel.shot(), shot));
+    EXPECT_TRUE(sharePrivate(panel, board->getPanelAt(4, Prev)));
+    EXPECT_TRUE(sharePrivate(transition, board->getTransAt(9)));
 
     board->setCacheEnabled(false);
     EXPECT_FALSE(board->cacheEnabled());
     Shot_t const fresh = board->getShotAt(3, Prev);
     EXPECT_EQ(shot, fresh);
-    EXPECT_FALSE(shared(fresh, board->getShotAt(3, Prev)));
+    EXPECT_FALSE(sharePrivate(fresh, board->getShotAt(3, Prev)));
     EXPECT_EQ(panel, board->getPanelAt(3, Prev));
-    EXPECT_FALSE(shared(panel, board->getPanelAt(3, Prev)));
+    EXPECT_FALSE(sharePrivate(panel, board->getPanelAt(3, Prev)));
 
     board->setCacheEnabled(true);
     Shot_t const again = board->getShotAt(3, Prev);
-    EXPECT_TRUE(shared(again, board->getShotAt(3, Prev)));
+    EXPECT_TRUE(sharePrivate(again, board->getShotAt(3, Prev)));
 
     // Invalidating drops them; old handles stay as they were.
     board->invalidate();
     Shot_t const renewed = board->getShotAt(3, Prev);
-    EXPECT_FALSE(shared(renewed, again));
+    EXPECT_FALSE(sharePrivate(renewed, again));
     EXPECT_EQ(again, renewed);
     EXPECT_TRUE(again.isValid());
 }
@@ -215,7 +138,7 @@ TEST(Caches, OnlyTheTimelinesOwnSequenceDropsThemBeforeSceneChanged)
 {
     ProjectBoard board(QString::fromLatin1(kTransitions));
     Shot_t const shot = board->getShotAt(3, Prev);
-    auto const cached = [&] { return shared(shot, board->getShotAt(3, Prev)); };
+    auto const cached = [&] { return sharePrivate(shot, board->getShotAt(3, Prev)); };
 
     emit board.manager.timedValuesChanged(TUTvSet { shot.symbol()->sequence() });
     EXPECT_TRUE(cached());
@@ -224,7 +147,7 @@ TEST(Caches, OnlyTheTimelinesOwnSequenceDropsThemBeforeSceneChanged)
 
     Shot_t const second = board->getShotAt(3, Prev);
     emit board.manager.sceneChanged();
-    EXPECT_FALSE(shared(second, board->getShotAt(3, Prev)));
+    EXPECT_FALSE(sharePrivate(second, board->getShotAt(3, Prev)));
 }
 
 /// One engine edit, as a host command makes it.
@@ -262,7 +185,7 @@ TEST(Edits, TheViewFollowsEveryEditAfterNotify)
         ASSERT_TRUE(edit.apply(board));
         board.notify();
         Shot_t const after = board->getShotAt(1, Prev);
-        EXPECT_FALSE(shared(before, after));
+        EXPECT_FALSE(sharePrivate(before, after));
         EXPECT_TRUE(projectViewIsConsistent(board.view()));
     }
     EXPECT_EQ(0, messages.count());
@@ -283,7 +206,8 @@ TEST_P(WarmFromTheBack, AnswerAsTheEngineWithTheFirstHandles)
     for (unsigned frame = frames + 1; frame-- > 0;)
         first.push_back(board->getPanelAt(frame, frame % 2 ? Prev : Next));
     for (unsigned frame = frames + 1; frame-- > 0;)
-        EXPECT_TRUE(shared(first[frames - frame], board->getPanelAt(frame, frame % 2 ? Prev : Next))) << frame;
+        EXPECT_TRUE(sharePrivate(first[frames - frame], board->getPanelAt(frame, frame % 2 ? Prev : Next)))
+            << frame;
     EXPECT_TRUE(projectViewIsConsistent(board.view()));
 }
 

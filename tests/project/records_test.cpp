@@ -133,8 +133,7 @@ TEST(CacheGuards, NestAndPutBackWhatTheyFound)
     {
         KRC_KrolleProject::CacheActivator same(view); // no change of state: the caches stay
     }
-    EXPECT_TRUE(static_cast<SharedPtr<ShotPrivate> const&>(shot)
-        == view->getShotAt(1, KRC_KrolleProject::PreferPrevious));
+    EXPECT_TRUE(sharePrivate(shot, view->getShotAt(1, KRC_KrolleProject::PreferPrevious)));
 }
 
 TEST(LockHelper, HoldsTheLockForItsLifetime)

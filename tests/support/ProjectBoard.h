@@ -58,6 +58,13 @@ private:
     std::unique_ptr<KRC_KrolleProject> m_view;
 };
 
+/// Whether two handles share one private object: one came from the other's cache.
+template <class Handle> bool sharePrivate(Handle const& a, Handle const& b)
+{
+    using Base = Krolle::SharedPtr<typename Handle::element_type>;
+    return static_cast<Base const&>(a) == static_cast<Base const&>(b);
+}
+
 /// Base of tests that run twice over one board, with the view's caches on and off, as
 /// the test's parameter says. Instantiate with INSTANTIATE_CACHE_STATES.
 class CacheStateTest : public testing::TestWithParam<bool>
