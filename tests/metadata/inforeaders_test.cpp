@@ -2,8 +2,6 @@
 #include "metadata/KRC_SceneInfo.h"
 #include "metadata_test_support.h"
 
-#include <QXmlStreamReader>
-
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -121,25 +119,6 @@ TEST(InfoXml, AVersionNeverHeardOfIsReadAllTheSame)
         QStringList({ info->metaName(), info->creator(), info->version(), info->name().value(),
                         info->actName().value() })
             .join('/'));
-}
-
-TEST(InfoReader, AnswersEveryElementWithItselfAndEveryEndWithTrue)
-{
-    KRC_PanelInfo info;
-    UT_SharedPtr<PIO_XML::ComponentReader> reader(info.componentReader());
-    ASSERT_TRUE(reader);
-    EXPECT_EQ(1, reader->refCount());
-
-    QXmlStreamReader stream;
-    PIO_ReadingContext context(stream, &info);
-    QXmlAttributes attributes;
-    attributes.append(
-        QStringLiteral("exportFlag"), QString(), QStringLiteral("exportFlag"), QStringLiteral("3"));
-    for (char const* element : { "unknown", "panelInfo" })
-        EXPECT_EQ(reader, reader->handleStartElement(context, QString::fromLatin1(element), attributes));
-    EXPECT_EQ(3, info.exportFlag());
-    EXPECT_TRUE(reader->handleEndElement(context, QStringLiteral("panelInfo")));
-    EXPECT_TRUE(reader->handleEndElement(context, QStringLiteral("anything")));
 }
 
 } // namespace
