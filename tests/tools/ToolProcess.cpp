@@ -60,6 +60,24 @@ ToolRun ToolSandbox::run(const QStringList& arguments, const QString& input) con
     return result;
 }
 
+QString ToolSandbox::transcript(const std::vector<QStringList>& commandLines) const
+{
+    QString shown;
+    for (const QStringList& arguments : commandLines) {
+        const ToolRun result = run(arguments);
+        shown += QStringLiteral("$ krolle %1\n").arg(arguments.join(' ')) + result.out;
+        QStringList lines = result.err.split('\n');
+        const QString unterminated = lines.takeLast();
+        if (!unterminated.isEmpty())
+            lines << unterminated + QStringLiteral(" [no end of line]");
+        for (const QString& line : lines)
+            shown += QStringLiteral("2> %1\n").arg(line);
+        if (result.exitCode != 0)
+            shown += QStringLiteral("[exit %1]\n").arg(result.exitCode);
+    }
+    return shown;
+}
+
 void ToolSandbox::copyData(const QString& name) const
 {
     QFile::remove(path(name));
@@ -93,4 +111,11 @@ QString goldenText(const QString& name, const QString& actual)
         return QString();
     }
     return QString::fromUtf8(file.readAll());
+}
+
+void expectTranscript(
+    const ToolSandbox& sandbox, const std::vector<QStringList>& commandLines, const QString& golden)
+{
+    const QString shown = sandbox.transcript(commandLines);
+    EXPECT_EQ(shown, goldenText(golden, shown)) << golden.toStdString();
 }

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 #include <ostream>
+#include <vector>
 
 // Readable QStrings in test failure messages.
 inline void PrintTo(const QString& text, std::ostream* out)
@@ -33,6 +34,10 @@ public:
     QString path(const QString& name) const;
     // input: a file of the sandbox to give as standard input, or none.
     ToolRun run(const QStringList& arguments, const QString& input = QString()) const;
+    // Runs the command lines in turn and answers them as a terminal session shows them:
+    // "$ krolle ARGS", standard output, standard error with each line behind "2> ", and
+    // "[exit N]" when N is not 0. One golden file then holds a whole table of cases.
+    QString transcript(const std::vector<QStringList>& commandLines) const;
     void setEnvironment(const QString& name, const QString& value);
     void unsetEnvironment(const QString& name);
     // Copies a file of tests/tools/data into the sandbox under the same name.
@@ -49,3 +54,7 @@ private:
 // environment the file is first rewritten with actual, so that an intended
 // change of output is one test run away; the diff then shows in review.
 QString goldenText(const QString& name, const QString& actual);
+
+// The transcript of the command lines equals tests/tools/data/<golden>.
+void expectTranscript(
+    const ToolSandbox& sandbox, const std::vector<QStringList>& commandLines, const QString& golden);
