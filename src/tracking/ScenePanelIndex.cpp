@@ -4,6 +4,7 @@
 #include "project/Panel_t.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -65,6 +66,12 @@ public:
             if (symbol->sceneCommon() == scene && match.isInvalid())
                 match = *it;
         }
+        framing.clear();
+        if (TUScene const* top = view->topScene())
+            framing.insert(top->sceneCommon());
+        for (auto it = view->beginShot(); it != view->endShot(); ++it)
+            if (TUScene const* symbol = it->symbol())
+                framing.insert(symbol->sceneCommon());
         std::stable_sort(places.begin(), places.end(), sceneBefore);
         places.erase(std::unique(places.begin(), places.end(),
                          [](Place const& a, Place const& b) { return a.scene == b.scene; }),
@@ -82,6 +89,9 @@ public:
 
     KRC_KrolleProject* const view;
     std::vector<Place> places; // sorted by scene
+    // The top scene and the shots' symbols: the scenes whose sequences place panels.
+    // Another scene becomes one only through a change of the top scene's sequence.
+    std::set<SC_SceneCommon const*> framing;
     bool stale = true;
 };
 
@@ -107,8 +117,9 @@ Panel_t ScenePanelIndex::panelOf(SC_SceneCommon const* scene)
 
 bool ScenePanelIndex::noteChanges(TUTvSet const& values)
 {
-    bool const sequenceChanged = std::any_of(values.begin(), values.end(),
-        [](TUTimedValue* value) { return dynamic_cast<TUSeqTimedValue*>(value) != nullptr; });
+    bool const sequenceChanged = std::any_of(values.begin(), values.end(), [this](TUTimedValue* value) {
+        return dynamic_cast<TUSeqTimedValue*>(value) && d->framing.count(value->sceneCommon) > 0;
+    });
     d->stale = d->stale || sequenceChanged;
     return sequenceChanged;
 }

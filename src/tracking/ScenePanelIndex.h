@@ -20,7 +20,8 @@ class Panel_t;
 /// panel shows which scene, and the engine reports every such edit as a change of
 /// that sequence. This table is made by one walk, keeps for each panel's scene the
 /// panel's id and first project frame, and is marked stale by the owner when a
-/// changed timed value is a sequence. While it is not stale, an answer is a search
+/// changed timed value is the sequence of the top scene or of a shot's symbol (the
+/// sequences of the panels' own scenes place no panel). While it is not stale, an answer is a search
 /// of the table plus one or two frame lookups of the view, which also check that the
 /// panel found there still has that id and shows that scene; a failed check, or a
 /// stale table, costs one walk that makes the table anew and answers from it.
@@ -37,7 +38,8 @@ public:
 
     /// The panel whose scene has this common part, or the invalid panel.
     Krolle::Panel_t panelOf(SC_SceneCommon const* scene);
-    /// Marks the table stale when one of the values is a sequence; true if so.
+    /// Marks the table stale when one of the values is the sequence of the top scene or
+    /// of a shot's symbol; true if so.
     bool noteChanges(TUTvSet const& values);
     /// Whether the next answer walks the project.
     bool isStale() const;
