@@ -7,6 +7,9 @@
 #include "project/KRC_KrolleProject.h"
 #include "project/Panel_t.h"
 #include "tracking/KRC_DrawingObserver.h"
+#include "tracking/ScenePanelIndex.h"
+
+#include <vector>
 
 using Krolle::Panel_t;
 
@@ -33,13 +36,21 @@ public:
     explicit KRC_TrackingManagerPrivate(KRC_KrolleProject* owner)
         : project(owner)
         , autoTracking(projectMetadatas(owner), kAutoTrackingName)
+        , panels(owner)
     {
     }
+
+    bool collecting() const { return enabled && !scopes.empty(); }
 
     KRC_KrolleProject* const project;
     std::set<KRC_TrackingManager::AccumScope*> scopes;
     bool enabled = true;
     PIO_MetadataAccess<PIO_MetadataBool> autoTracking;
+    ScenePanelIndex panels;
+    // Scenes of this delivery that showed no panel when asked: timed values added or
+    // removed go out before the changed sequences of the same delivery, which may
+    // make one of them a panel's scene.
+    std::vector<SC_SceneCommon const*> misses;
 };
 
 // Scopes and desactivators.
@@ -89,6 +100,11 @@ void KRC_TrackingManager::init()
     TUSceneChangeManager* manager = d->project->changeManager();
     if (!manager)
         return;
+    // Made first, so that a set holding a sequence is noted before it is attributed.
+    connect(manager, &TUSceneChangeManager::sceneChanged, this, [this] { d->misses.clear(); });
+    for (auto signal : { &TUSceneChangeManager::timedValuesAdded, &TUSceneChangeManager::timedValuesRemoved,
+             &TUSceneChangeManager::timedValuesChanged })
+        connect(manager, signal, this, &KRC_TrackingManager::noteTimelineChanges);
     for (auto signal : { &TUSceneChangeManager::nodesChanged, &TUSceneChangeManager::networkChanged,
              &TUSceneChangeManager::subNetworkChanged, &TUSceneChangeManager::childrenOrderingChanged })
         connect(manager, signal, this, &KRC_TrackingManager::onNodeChanged);
@@ -146,8 +162,36 @@ void KRC_TrackingManager::trackPanel(Panel_t& panel)
 
 void KRC_TrackingManager::trackPanel(SC_Id const& id)
 {
-    Panel_t panel = d->project->getPanelByID(id);
+    Panel_t panel = panelById(id);
     trackPanel(panel);
+}
+
+Panel_t KRC_TrackingManager::panelById(SC_Id const& id)
+{
+    // A panel's id is the id of the scene it shows, so the scene leads to the panel.
+    SC_ProjectCommon* common = d->project->projectCommon();
+    SC_SceneManager* scenes = common ? common->sceneManager() : nullptr;
+    auto const* scene = scenes ? dynamic_cast<TUScene const*>(scenes->find(id)) : nullptr;
+    return scene ? d->panels.panelOf(scene->sceneCommon()) : Panel_t::invalid;
+}
+
+Panel_t KRC_TrackingManager::attribute(SC_SceneCommon const* scene)
+{
+    Panel_t panel = d->panels.panelOf(scene);
+    if (panel.isInvalid() && scene)
+        d->misses.push_back(scene);
+    return panel;
+}
+
+void KRC_TrackingManager::noteTimelineChanges(TUTvSet const& values)
+{
+    if (!d->panels.noteChanges(values) || d->misses.empty())
+        return;
+    std::vector<SC_SceneCommon const*> const retry = std::move(d->misses);
+    d->misses.clear();
+    for (SC_SceneCommon const* scene : retry)
+        if (Panel_t panel = attribute(scene); panel.isValid())
+            trackPanel(panel);
 }
 
 void KRC_TrackingManager::trackPanels(std::vector<Panel_t> const& panels)
@@ -234,19 +278,19 @@ void KRC_TrackingManager::removeAccumScope(AccumScope* scope)
 
 void KRC_TrackingManager::onDrawingModified(SC_Id const& id, MO_Node const*)
 {
-    if (d->enabled)
+    if (d->collecting())
         trackPanel(id);
 }
 
 void KRC_TrackingManager::onNodeChanged(TUNodeSet const& nodes)
 {
-    if (!d->enabled)
+    if (!d->collecting())
         return;
     for (auto const& weak : nodes) {
         UT_SharedPtr<MO_Node> const node = weak.lock();
         if (!node)
             continue;
-        Panel_t panel = d->project->nodeToPanel(node.get());
+        Panel_t panel = attribute(node->sceneCommon());
         if (panel.isValid())
             trackPanel(panel);
     }
@@ -254,10 +298,10 @@ void KRC_TrackingManager::onNodeChanged(TUNodeSet const& nodes)
 
 void KRC_TrackingManager::onTimedValuesUpdated(TUTvSet const& values)
 {
-    if (!d->enabled)
+    if (!d->collecting())
         return;
     for (TUTimedValue* value : values) {
-        Panel_t panel = value ? d->project->tvToPanel(value) : Panel_t::invalid;
+        Panel_t panel = value ? attribute(value->sceneCommon) : Panel_t::invalid;
         if (panel.isValid())
             trackPanel(panel);
     }

@@ -115,6 +115,14 @@ protected slots:
     void onMetadataChanged(TUMetadataSet const& modifications);
 
 private:
+    /// The panel with that id, as `getPanelByID` answers, found through its scene.
+    Krolle::Panel_t panelById(SC_Id const& id);
+    /// The panel showing the scene, through the scene-to-panel index; a scene that
+    /// shows none is kept to be asked again if the delivery changes a sequence.
+    Krolle::Panel_t attribute(SC_SceneCommon const* scene);
+    /// Marks the index stale on a changed sequence, and asks again for the scenes
+    /// that showed no panel earlier in the delivery.
+    void noteTimelineChanges(TUTvSet const& values);
     /// Whether a record change counts as a change of its panel.
     static bool countsAsPanelChange(PIO_MetaModif const& modification);
     /// Calls `take` with each panel that the three-way `filter` takes.
