@@ -80,4 +80,23 @@ TEST(MetadataAccess, LaterReadsLookAgainWithoutCreating)
     EXPECT_EQ(added, copy.get());
 }
 
+// Lookups read the collection's table of types: it must follow every take and clear.
+TEST(MetadataAccess, LookupsFollowRecordsTakenAndCleared)
+{
+    PIO_Metadatas metas;
+    auto* panel = new KRC_PanelInfo();
+    auto* scene = new KRC_SceneInfo();
+    metas.add(new PIO_MetadataString());
+    metas.add(panel);
+    metas.add(scene);
+    ASSERT_TRUE(metas.take(panel));
+    delete panel;
+    EXPECT_EQ(nullptr, PIO_MetadataAccess<KRC_PanelInfo>::find(&metas, QString()));
+    EXPECT_EQ(scene, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()));
+    metas.clear();
+    metas.add(panel = new KRC_PanelInfo());
+    EXPECT_EQ(panel, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()));
+    EXPECT_EQ(nullptr, PIO_MetadataAccess<KRC_SceneInfo>::find(&metas, QString()));
+}
+
 } // namespace
