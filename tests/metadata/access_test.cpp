@@ -80,4 +80,21 @@ TEST(MetadataAccess, LaterReadsLookAgainWithoutCreating)
     EXPECT_EQ(added, copy.get());
 }
 
+TEST(MetadataAccess, LookupsFollowRecordsTakenAndCleared)
+{
+    PIO_Metadatas metas;
+    auto* panel = new KRC_PanelInfo();
+    auto* scene = new KRC_SceneInfo();
+    metas.add(new PIO_MetadataString());
+    metas.add(panel);
+    metas.add(scene);
+    ASSERT_TRUE(metas.take(panel));
+    delete panel;
+    EXPECT_EQ(nullptr, PIO_MetadataAccess<KRC_PanelInfo>::find(&metas, QString()));
+    EXPECT_EQ(scene, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()));
+    metas.clear();
+    metas.add(panel = new KRC_PanelInfo());
+    EXPECT_EQ(panel, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()));
+}
+
 } // namespace

@@ -263,12 +263,24 @@ private:
     SC_Project* m_project;
     QString m_error;
     quint64 m_nextId = 0;
-    // Hashed, and the blocks also in the order read: a project holds tens of
-    // thousands of blocks and scenes, and a tree insertion each was a good part of
-    // a load.
+    /// Where `object` was read; a fault's place is only asked for on the way out, so a
+    /// search of the list is cheap enough.
+    template <class T> static Place placeOf(std::vector<std::pair<T const*, Place>> const& read, T const* object)
+    {
+        for (auto const& entry : read) {
+            if (entry.first == object)
+                return entry.second;
+        }
+        return Place();
+    }
+    Place blockPlace(AT_FrameBlock const* block) const { return placeOf(m_blockPlaces, block); }
+    Place scenePlace(SC_SceneBase const* scene) const { return placeOf(m_scenePlaces, scene); }
+
+    // Kept in the order read: a project holds tens of thousands of blocks and scenes,
+    // and a hashed (before that, a tree) insertion each was a good part of a load.
     std::vector<AT_FrameBlock const*> m_blocksRead;
-    std::unordered_map<AT_FrameBlock const*, Place> m_blockPlaces;
-    std::unordered_map<SC_SceneBase const*, Place> m_scenePlaces;
+    std::vector<std::pair<AT_FrameBlock const*, Place>> m_blockPlaces;
+    std::vector<std::pair<SC_SceneBase const*, Place>> m_scenePlaces;
 };
 
 // Steps to the next child element of the current one; false at its end (or on error).
@@ -426,7 +438,7 @@ bool ProjectReader::readScene()
     QString const name = attributes.hasAttribute(kName) ? attributes.value(kName).toString() : QString();
     TUScene* scene = m_project->createScene(name, id);
     scene->sceneCommon()->setCameraPlanes(nearPlane, farPlane);
-    m_scenePlaces[scene] = place;
+    m_scenePlaces.emplace_back(scene, place);
     QStringList seen; // a scene has four kinds of children at most
     QString child;
     while (nextChild(child)) {
@@ -483,7 +495,7 @@ bool ProjectReader::readBlock(TUSeqTimedValue& seq)
         return false;
     AT_FrameBlock const* block = seq.insertBlock(seq.getBlockCount(),
         std::make_unique<AT_FrameBlock>(quint32(first), quint32(last), std::move(content)));
-    m_blockPlaces[block] = place;
+    m_blockPlaces.emplace_back(block, place);
     m_blocksRead.push_back(block);
     m_xml.skipCurrentElement();
     return !m_xml.hasError();
@@ -568,7 +580,7 @@ bool ProjectReader::checkProject()
         if (!transition)
             continue;
         if (common->sceneManager()->find(transition->id) || !transitionIds.insert(transition->id).second)
-            return failAt(m_blockPlaces[block],
+            return failAt(blockPlace(block),
                 QStringLiteral("transition id %1 is already used").arg(transition->id.value()));
         common->reserveId(transition->id);
     }
@@ -594,7 +606,7 @@ bool ProjectReader::checkReferences(TUScene const& scene, std::unordered_set<SC_
     QString why;
     if (!seq->isConsistent(&why))
         return failAt(
-            m_scenePlaces[&scene], QStringLiteral("sequence of scene %1: %2").arg(scene.id.value()).arg(why));
+            scenePlace(&scene), QStringLiteral("sequence of scene %1: %2").arg(scene.id.value()).arg(why));
     for (unsigned i = 0; i < seq->getBlockCount(); ++i) {
         AT_FrameBlock const* block = seq->blockAt(i);
         auto const* sceneSeq = AT_AbstractSceneSeq::toAbstractScene(block->seq());
@@ -603,14 +615,14 @@ bool ProjectReader::checkReferences(TUScene const& scene, std::unordered_set<SC_
         SC_Id const target = sceneSeq->sceneId;
         SC_SceneBase const* shownScene = m_project->projectCommon()->sceneManager()->find(target);
         if (!shownScene)
-            return failAt(m_blockPlaces[block],
+            return failAt(blockPlace(block),
                 QStringLiteral("the block refers to scene %1, which does not exist").arg(target.value()));
         if (shownScene == m_project->sceneAt(0) || shownScene == &scene)
-            return failAt(m_blockPlaces[block],
+            return failAt(blockPlace(block),
                 QStringLiteral("the block shows scene %1, which cannot be shown there").arg(target.value()));
         if (!shown.insert(target).second)
             return failAt(
-                m_blockPlaces[block], QStringLiteral("scene %1 is shown by two blocks").arg(target.value()));
+                blockPlace(block), QStringLiteral("scene %1 is shown by two blocks").arg(target.value()));
     }
     return true;
 }
@@ -653,7 +665,7 @@ bool ProjectReader::checkDepths()
             }
             auto const up = shownBy.find(at);
             if (!onChain.insert(at).second)
-                return failAt(m_blockPlaces[up->second],
+                return failAt(blockPlace(up->second),
                     QStringLiteral("scene %1 shows itself through scene %2")
                         .arg(at->id.value())
                         .arg(blockOwner[up->second]->id.value()));
@@ -663,7 +675,7 @@ bool ProjectReader::checkDepths()
         for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
             depth[*link] = ++known;
             if (known > kMaxSceneDepth)
-                return failAt(m_blockPlaces[shownBy[*link]],
+                return failAt(blockPlace(shownBy[*link]),
                     QStringLiteral("scene %1 is shown through more than %2 scenes")
                         .arg((*link)->id.value())
                         .arg(kMaxSceneDepth));
@@ -697,7 +709,7 @@ bool ProjectReader::checkCoverage()
             lastShown = std::trunc(warp->end);
         }
         if (firstShown < 1.0)
-            return failAt(m_blockPlaces[block],
+            return failAt(blockPlace(block),
                 QStringLiteral("the shot shows frame %1 of scene %2, before its first frame")
                     .arg(firstShown)
                     .arg(symbol->id.value()));
@@ -719,19 +731,19 @@ bool ProjectReader::checkCovered(TUScene const& scene, quint64 lastShown, bool p
         AT_FrameBlock const* block = seq->blockAt(i);
         bool const transition = AT_TransitionSeq::isTransition(block->seq());
         if (panelsOnly && (transition || !AT_AbstractSceneSeq::toAbstractScene(block->seq())))
-            return failAt(m_blockPlaces[block],
+            return failAt(blockPlace(block),
                 QStringLiteral("block %1 of scene %2 shows no panel").arg(i + 1).arg(scene.id.value()));
         if (transition)
             continue;
         if (block->firstFrame > covered + 1)
-            return failAt(m_blockPlaces[block],
+            return failAt(blockPlace(block),
                 QStringLiteral("scene %1 leaves %2 outside its blocks, where no walk can pass")
                     .arg(scene.id.value())
                     .arg(framesText(covered + 1, block->firstFrame - 1)));
         covered = std::max<quint64>(covered, block->lastFrame);
     }
     if (lastShown > covered)
-        return failAt(m_scenePlaces[&scene],
+        return failAt(scenePlace(&scene),
             QStringLiteral("scene %1 leaves %2, which its shot shows, outside its blocks")
                 .arg(scene.id.value())
                 .arg(framesText(covered + 1, lastShown)));

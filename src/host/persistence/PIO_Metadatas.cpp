@@ -8,6 +8,8 @@ class PIO_Metadatas::PIO_MetadatasPrivate
 {
 public:
     std::vector<PIO_Metadata*> records;
+    // typeid of each record, in step with `records`.
+    std::vector<std::type_info const*> types;
 };
 
 namespace {
@@ -66,8 +68,15 @@ bool PIO_Metadatas::isEmpty() const
 
 void PIO_Metadatas::add(PIO_Metadata* meta)
 {
-    if (meta && !contains(meta))
+    if (meta && !contains(meta)) {
         d->records.push_back(meta);
+        d->types.push_back(&typeid(*meta));
+    }
+}
+
+std::type_info const& PIO_Metadatas::typeAt(int index) const
+{
+    return *d->types[std::size_t(index)];
 }
 
 bool PIO_Metadatas::contains(PIO_Metadata const* meta) const
@@ -87,6 +96,7 @@ bool PIO_Metadatas::take(PIO_Metadata* meta)
     auto const found = std::find(d->records.begin(), d->records.end(), meta);
     if (found == d->records.end())
         return false;
+    d->types.erase(d->types.begin() + (found - d->records.begin()));
     d->records.erase(found);
     return true;
 }
@@ -95,6 +105,7 @@ void PIO_Metadatas::clear()
 {
     std::vector<PIO_Metadata*> records;
     records.swap(d->records);
+    d->types.clear();
     for (PIO_Metadata* meta : records)
         delete meta;
 }

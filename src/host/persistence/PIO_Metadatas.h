@@ -3,12 +3,16 @@
 
 #include <QString>
 
+#include <typeinfo>
 #include <vector>
 
 class PIO_Metadata;
 
 /// The records of one project or scene, in insertion order. The collection owns every
 /// record added to it and deletes them with itself; a record is never held twice.
+/// Beside each record it keeps the record's dynamic type, taken when it was added, so
+/// that a search by type reads one short array instead of every record (a record's
+/// type does not change; replacing one through an iterator is not allowed).
 /// Not copyable (records have one owner). Threading: host's thread.
 class PIO_Metadatas
 {
@@ -27,6 +31,8 @@ public:
     const_iterator end() const;
     int size() const;
     bool isEmpty() const;
+    /// The dynamic type of the record at `index` (0 to size() - 1), as it was added.
+    std::type_info const& typeAt(int index) const;
 
     /// Takes ownership and appends. A null record, or one already held, is ignored.
     void add(PIO_Metadata* meta);
