@@ -120,7 +120,11 @@ void KRC_PanelLayerManager::LayerInfo::fromString(QString const& text)
     exportFlags = number(3);
     unpackPair(number(4), current, selected);
     opacity = parts.size() > 5 ? parts.at(5).toDouble() : 100.0;
-    cameraAlignment = static_cast<CameraAlignment>(number(6));
+    // An alignment the engine does not know reads as none, like a missing one.
+    int const alignment = number(6);
+    cameraAlignment = alignment >= CameraAlignment_None && alignment <= CameraAlignment_FaceCameraUpright
+        ? static_cast<CameraAlignment>(alignment)
+        : CameraAlignment_None;
 }
 
 KRC_PanelLayerManager::KRC_PanelLayerManager(KRC_KrolleProject* project)

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QIODevice>
+#include <QtEndian>
 #include <QStringList>
 #include <QTextLength>
 
@@ -231,6 +232,29 @@ bool readCount(QDataStream& in, int minElementBytes, quint32& count)
     return true;
 }
 
+// Whether the byte length that stands `offset` bytes ahead (of a string or a byte
+// array) fits in the bytes left. Qt's readers grow by a megabyte at a time and find a
+// short stream only then, so an unchecked length costs a megabyte or two per value.
+// A null length (all ones), or one that cannot be told, is left to Qt's reader.
+bool lengthFits(QDataStream& in, int offset)
+{
+    QIODevice* device = in.device();
+    if (device->isSequential())
+        return true;
+    QByteArray const bytes = device->peek(offset + 4);
+    if (bytes.size() < offset + 4)
+        return true;
+    auto const* at = reinterpret_cast<uchar const*>(bytes.constData() + offset);
+    quint32 const length = in.byteOrder() == QDataStream::BigEndian ? qFromBigEndian<quint32>(at)
+                                                                     : qFromLittleEndian<quint32>(at);
+    return length == 0xFFFFFFFFu || quint64(length) + quint64(offset) + 4 <= quint64(device->bytesAvailable());
+}
+
+bool hasLength(int type)
+{
+    return type == QMetaType::QString || type == QMetaType::QByteArray;
+}
+
 // Whether the enum number of a leaf value, if it has one, names a value of its enum.
 bool enumFieldIsValid(QDataStream& in, int headSize, int type)
 {
@@ -344,7 +368,8 @@ bool readVariantAt(QDataStream& in, QVariant& value, int depth)
     VariantHead head;
     if (!peekHead(in, head))
         return false;
-    if (isSafeLeaf(head.type, in.version()) && enumFieldIsValid(in, head.size, head.type)) {
+    if (isSafeLeaf(head.type, in.version()) && enumFieldIsValid(in, head.size, head.type)
+        && (!hasLength(head.type) || lengthFits(in, head.size))) {
         in >> value;
     } else if (isContainer(head.type) && depth < kMaxDepth) {
         in.skipRawData(head.size);
@@ -366,6 +391,10 @@ bool KRC_PropertyStream::readString(QDataStream& in, QString& text)
 {
     if (in.status() != QDataStream::Ok)
         return false;
+    if (in.device() && !lengthFits(in, 0)) {
+        in.setStatus(QDataStream::ReadPastEnd);
+        return false;
+    }
     in >> text;
     return in.status() == QDataStream::Ok;
 }

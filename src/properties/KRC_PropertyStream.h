@@ -9,8 +9,9 @@
 /// all in the form of the stream's version (6 and 12 are the ones in use).
 ///
 /// Stored blobs come from files and are not trusted. Readers here never allocate by a
-/// count they have not checked: a container's element count is capped by the bytes
-/// left on a random-access device, nesting is limited, and only value types whose
+/// count they have not checked: a container's element count, and a string's or byte
+/// array's length, is capped by the bytes left on a random-access device, nesting is
+/// limited, and only value types whose
 /// stream form Qt reads without an unchecked allocation are accepted. Any other type
 /// tag, a short read or a bad length sets the stream's status and makes the read fail;
 /// the stream is then to be abandoned. Each reader returns false as soon as the

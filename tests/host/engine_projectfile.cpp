@@ -173,6 +173,34 @@ TEST_F(EngineProjectFile, refusedDocumentGivesNoProjectAndNamesThePlace)
     }
 }
 
+// Chains of scenes showing scenes: 16 load, longer ones are refused, however the file
+// orders them (top down, or the top and then bottom up, which links the chain last).
+TEST_F(EngineProjectFile, sceneChainsLongerThanSixteenAreRefused)
+{
+    auto const chain = [](int length, bool bottomUp) {
+        auto const scene = [length](int id) {
+            QByteArray element = "<scene id=\"" + QByteArray::number(id) + "\">";
+            if (id < length)
+                element += "<sequence><block first=\"1\" last=\"1\" kind=\"scene\" scene=\""
+                    + QByteArray::number(id + 1) + "\"/></sequence>";
+            return element + "</scene>";
+        };
+        QByteArray document = "<engineProject version=\"1\" nextId=\"100000\">" + scene(1);
+        for (int i = 2; i <= length; ++i)
+            document += scene(bottomUp ? length + 2 - i : i);
+        return document + END;
+    };
+    for (auto const& [length, loads] : { std::pair(16, true), std::pair(17, false), std::pair(1000, false) }) {
+        for (bool bottomUp : { false, true }) {
+            QString error;
+            EXPECT_EQ(bool(HostProjectFile::fromXml(chain(length, bottomUp), &error)), loads)
+                << length << (bottomUp ? " bottom up" : " top down");
+            EXPECT_EQ(error.contains(QStringLiteral("shown through more than 16 scenes")), !loads)
+                << qPrintable(error);
+        }
+    }
+}
+
 TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntactAndNamesThePath)
 {
     HostStoryboard small = engineBoard(QStringLiteral("S[1]"));

@@ -41,6 +41,7 @@ TEST(DefaultLayerText, AnyTextReadsWithDefaultsForWhatIsMissingOrUnreadable)
         { "X;abc;1e3;-5;zz;op;q", "X;0;0;-5;0;0;0" }, // non-numbers read 0
         { "X;1;2;3;3;12.25;2;extra;more", "X;1;2;3;3;12.25;2" },
         { "X;99999999999999999999", "X;0;0;0;0;100;0" }, // overflow reads 0
+        { "X;0;0;0;0;0;14", "X;0;0;0;0;0;0" }, // an unknown camera alignment reads as none
         { "Ünï;1", "Ünï;1;0;0;0;100;0" },
     };
     for (TextCase const& c : cases)

@@ -4,6 +4,7 @@
 #include "host/engine/AT_FrameBlock.h"
 #include "host/engine/HostFileFingerprint.h"
 #include "host/engine/HostNodeXml.h"
+#include "host/engine/HostSceneChains.h"
 #include "host/engine/SC_Project.h"
 #include "host/engine/SC_ProjectCommon.h"
 #include "host/engine/SC_SceneManager.h"
@@ -69,10 +70,6 @@ QString const kKindOther = QStringLiteral("other");
 QString const kKindEmpty = QStringLiteral("empty");
 
 QString const kFormatVersion = QStringLiteral("1");
-
-// Scenes show scenes: the top scene its shots' symbols, a symbol its panels. Chains
-// deeper than this are refused, so that nothing that follows them can run out of stack.
-int const kMaxSceneDepth = 16;
 
 // --- Writing -------------------------------------------------------------------
 
@@ -255,7 +252,6 @@ private:
 
     bool checkProject();
     bool checkReferences(TUScene const& scene, std::unordered_set<SC_Id>& shown);
-    bool checkDepths();
     bool checkCoverage();
     bool checkCovered(TUScene const& scene, quint64 lastShown, bool panelsOnly);
 
@@ -590,8 +586,6 @@ bool ProjectReader::checkProject()
         if (!checkReferences(*static_cast<TUScene const*>(m_project->sceneAt(i)), shown))
             return false;
     }
-    if (!checkDepths())
-        return false;
     if (m_nextId < common->nextIdValue())
         return failAt(Place { 1, 1 },
             QStringLiteral("\"nextId\" %1 is not above every id of the project").arg(m_nextId));
@@ -623,63 +617,6 @@ bool ProjectReader::checkReferences(TUScene const& scene, std::unordered_set<SC_
         if (!shown.insert(target).second)
             return failAt(
                 blockPlace(block), QStringLiteral("scene %1 is shown by two blocks").arg(target.value()));
-    }
-    return true;
-}
-
-// A scene may not show itself through other scenes, and chains of scenes showing
-// scenes stay short. Each scene is shown by one block at most, so following the
-// showing block upward from every scene, without recursion, finds both.
-bool ProjectReader::checkDepths()
-{
-    SC_SceneManager const* scenes = m_project->projectCommon()->sceneManager();
-    std::unordered_map<SC_SceneBase const*, AT_FrameBlock const*> shownBy;
-    std::unordered_map<AT_FrameBlock const*, TUScene const*> blockOwner;
-    shownBy.reserve(m_blocksRead.size());
-    blockOwner.reserve(m_blocksRead.size());
-    for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
-        auto const* scene = static_cast<TUScene const*>(m_project->sceneAt(i));
-        TUSeqTimedValue const* seq = scene->sequence();
-        for (unsigned b = 0; b < seq->getBlockCount(); ++b) {
-            auto const* sceneSeq = AT_AbstractSceneSeq::toAbstractScene(seq->blockAt(b)->seq());
-            if (SC_SceneBase const* shown = sceneSeq ? scenes->find(sceneSeq->sceneId) : nullptr) {
-                shownBy[shown] = seq->blockAt(b);
-                blockOwner[seq->blockAt(b)] = scene;
-            }
-        }
-    }
-    std::unordered_map<SC_SceneBase const*, int> depth;
-    depth.reserve(m_project->sceneCount());
-    std::vector<SC_SceneBase const*> chain;
-    std::unordered_set<SC_SceneBase const*> onChain;
-    for (unsigned i = 0; i < m_project->sceneCount(); ++i) {
-        chain.clear();
-        onChain.clear();
-        SC_SceneBase const* at = m_project->sceneAt(i);
-        int known = 0;
-        while (at) {
-            auto const found = depth.find(at);
-            if (found != depth.end()) {
-                known = found->second;
-                break;
-            }
-            auto const up = shownBy.find(at);
-            if (!onChain.insert(at).second)
-                return failAt(blockPlace(up->second),
-                    QStringLiteral("scene %1 shows itself through scene %2")
-                        .arg(at->id.value())
-                        .arg(blockOwner[up->second]->id.value()));
-            chain.push_back(at);
-            at = up == shownBy.end() ? nullptr : blockOwner[up->second];
-        }
-        for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
-            depth[*link] = ++known;
-            if (known > kMaxSceneDepth)
-                return failAt(blockPlace(shownBy[*link]),
-                    QStringLiteral("scene %1 is shown through more than %2 scenes")
-                        .arg((*link)->id.value())
-                        .arg(kMaxSceneDepth));
-        }
     }
     return true;
 }
@@ -772,7 +709,13 @@ QByteArray toXml(SC_Project const* project)
 
 UT_SharedPtr<SC_Project> fromXml(QByteArray const& document, QString* error, TUSceneChangeManager* manager)
 {
-    if (!PO_XmlLimits::check(document, error))
+    // Chains of scenes showing scenes are bounded (and cycles refused) while the
+    // file is scanned, so that a hostile chain costs no scene built.
+    HostSceneChains chains;
+    auto const chainCheck = [&chains](QXmlStreamReader const& xml, int depth) {
+        return chains.startElement(xml, depth);
+    };
+    if (!PO_XmlLimits::check(document, error, chainCheck))
         return nullptr;
     // Built on a manager of its own, so that the reading reaches no listener.
     UT_SharedPtr<SC_Project> project(new SC_Project);

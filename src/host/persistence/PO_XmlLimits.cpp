@@ -117,7 +117,7 @@ QByteArray PO_XmlLimits::readFile(QString const& path, QString* error)
     return bytes;
 }
 
-bool PO_XmlLimits::check(QByteArray const& document, QString* error)
+bool PO_XmlLimits::check(QByteArray const& document, QString* error, ElementCheck const& extra)
 {
     qint64 run = 0;
     if (!scanRuns(document.constData(), document.size(), run))
@@ -133,7 +133,9 @@ bool PO_XmlLimits::check(QByteArray const& document, QString* error)
         } else if (token == QXmlStreamReader::EndElement) {
             --depth;
         }
-        QString const problem = tokenProblem(xml, depth, elements);
+        QString problem = tokenProblem(xml, depth, elements);
+        if (problem.isNull() && extra && token == QXmlStreamReader::StartElement)
+            problem = extra(xml, depth);
         if (!problem.isNull())
             return refuse(error, located(xml, problem));
     }

@@ -4,6 +4,10 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
+class QXmlStreamReader;
+
 /// The limits every XML document from outside is held to before it is parsed for
 /// real, so that a hostile file costs a sentence and no more: no document type
 /// declaration (hence no entity expansion and no external fetch), no entity reference
@@ -29,9 +33,14 @@ public:
     /// The bytes of a regular file within the limits on size and token length; on
     /// refusal an empty array and a sentence in `error` (without the path).
     static QByteArray readFile(QString const& path, QString* error);
-    /// Whether a document keeps every limit; on refusal a sentence with its line and
-    /// column in `error`.
-    static bool check(QByteArray const& document, QString* error);
+    /// A further bound of one kind of document, told of each start element and its
+    /// depth (the root's is 1) once the general bounds hold; a non-null answer is the
+    /// reason to refuse the document.
+    using ElementCheck = std::function<QString(QXmlStreamReader const& xml, int depth)>;
+
+    /// Whether a document keeps every limit (and `extra`, when given); on refusal a
+    /// sentence with its line and column in `error`.
+    static bool check(QByteArray const& document, QString* error, ElementCheck const& extra = {});
 
     PO_XmlLimits() = delete;
 };
