@@ -89,6 +89,10 @@ TEST_F(ToolEdits, RefusalsChangeNothing)
         { { "add-transition", "demo.xml", "--after", "SH020", "--length", "2" }, 1, "cannot add a transition after" },
         { { "set-length", "demo.xml", "--shot", "SH010", "--length", "0" }, 64, "--length needs a whole number" },
         { { "rename", "demo.xml", "--act", "Nowhere", "--to", "X" }, 1, "no act is named \"Nowhere\"" },
+        // Without preferences the panel rules allow no custom name.
+        { { "rename", "demo.xml", "--panel", "SH050/1", "--to", "1A" }, 1,
+            "the naming rules of demo.xml allow no custom panel name (panel.allowCustomName is false)" },
+        { { "camera", "demo.xml", "SH040", "--shot", "SH040" }, 64, "--shot counts a frame inside the shot" },
     };
     for (const auto& [arguments, exitCode, message] : cases) {
         restore();
@@ -112,6 +116,30 @@ TEST_F(ToolEdits, KeptNamesStayWhenObjectsMove)
     EXPECT_EQ(moved[0].toObject()["before"].toString() + moved[0].toObject()["after"].toString(), "21");
 }
 
+// A move or a resize records the panels it retimed, and only those, as changed.
+TEST_F(ToolEdits, MovesAndResizesTrackThePanelsTheyRetime)
+{
+    const std::pair<QStringList, QStringList> cases[] = {
+        { { "move", "small.xml", "--shot", "3", "--before", "1" },
+            { "panel 1 \"1\" of shot 1 \"1\"", "panel 2 \"2\" of shot 1 \"1\"" } },
+        { { "move", "demo.xml", "--panel", "SH010/1", "--after", "SH020/1" }, { "panel 2 \"2\" of shot 2 \"SH020\"" } },
+        { { "set-length", "demo.xml", "--panel", "SH010/2", "--length", "16" }, { "panel 2 \"2\" of shot 1 \"SH010\"" } },
+        { { "set-length", "demo.xml", "--shot", "SH020", "--length", "30" }, { "panel 3 \"3\" of shot 2 \"SH020\"" } },
+        // SH080 shows its panels through its time warp: all three now show more frames.
+        { { "set-length", "demo.xml", "--shot", "SH080", "--length", "30" },
+            { "panel 1 \"1\" of shot 8 \"SH080\"", "panel 2 \"2\" of shot 8 \"SH080\"",
+                "panel 3 \"3\" of shot 8 \"SH080\"" } },
+    };
+    for (const auto& [arguments, expected] : cases) {
+        restore();
+        ASSERT_EQ(sandbox.run(arguments).exitCode, 0) << arguments.join(' ').toStdString();
+        QStringList touched;
+        for (const QJsonValue& panel : json({ "changes", arguments.at(1), "--json" })["panels"].toArray())
+            touched << panel["panel"].toString();
+        EXPECT_EQ(touched, expected) << arguments.join(' ').toStdString();
+    }
+}
+
 // Every command that names a panel takes the same addresses; ids stay true across edits.
 TEST_F(ToolEdits, NamesNumbersAndIdsAddressTheSameObject)
 {
@@ -123,6 +151,9 @@ TEST_F(ToolEdits, NamesNumbersAndIdsAddressTheSameObject)
             sandbox.run({ "layers", "demo.xml", "--panel", "SH080/3" }).out);
     }
     EXPECT_EQ(sandbox.run({ "camera", "demo.xml", "23", "--shot", "#4" }).out, sandbox.run({ "camera", "demo.xml", "140" }).out);
+    const QString shot = json({ "show", "demo.xml", "--shot", "SH040", "--json" })["object"].toObject()["id"].toString();
+    for (const QString& address : { QStringLiteral("#4"), shot, QStringLiteral("SH040/#1") })
+        EXPECT_EQ(sandbox.run({ "camera", "demo.xml", address }).out, sandbox.run({ "camera", "demo.xml", "SH040" }).out);
     const QString moved = json({ "show", "demo.xml", "--panel", "SH040/2", "--json" })["object"].toObject()["id"].toString();
     ASSERT_EQ(sandbox.run({ "move", "demo.xml", "--panel", moved, "--before", "#1/1" }).exitCode, 0);
     EXPECT_EQ(json({ "show", "demo.xml", "--panel", moved, "--json" })["label"].toString(),

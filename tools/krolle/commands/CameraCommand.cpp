@@ -61,7 +61,7 @@ QString table(const QJsonObject& answer)
 } // namespace
 
 CameraCommand::CameraCommand()
-    : Command(QStringLiteral("camera"), QStringLiteral("show the camera matrices at a frame"))
+    : Command(QStringLiteral("camera"), QStringLiteral("show the camera matrices at a frame, shot or panel"))
 {
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
@@ -71,7 +71,12 @@ CameraCommand::CameraCommand()
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
     parser.addOption(kShot, QStringLiteral("SHOT"),
         QStringLiteral("count the frame from 1 inside this shot (name, #number or id)"));
-    parser.addTimecodeOptions(QStringLiteral("the rate of a FRAME given as a timecode"));
+    parser.addTimecodeOptions(QStringLiteral("the rate of a WHERE given as a timecode"));
+    parser.setEpilogue(QStringLiteral("A word of digits is a frame; a shot named by digits is given as #number or id.\n"
+                                      "\n"
+                                      "examples: krolle camera demo.xml 140\n"
+                                      "          krolle camera demo.xml SH040/2\n"
+                                      "          krolle camera demo.xml 23 --shot SH040"));
 }
 
 namespace {
