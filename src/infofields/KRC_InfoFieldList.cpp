@@ -233,6 +233,17 @@ UT_SharedPtr<KRC_InfoField> KRC_InfoFieldList::getInfoField(int id) const
     return it == end() ? UT_SharedPtr<KRC_InfoField>() : *it;
 }
 
+std::vector<KRC_InfoFieldImage const*> KRC_InfoFieldList::images() const
+{
+    std::vector<KRC_InfoFieldImage const*> found;
+    for (UT_SharedPtr<KRC_InfoField> const& field : *this) {
+        auto const* image = dynamic_cast<KRC_InfoFieldImage const*>(field.get());
+        if (image && !image->key().isEmpty())
+            found.push_back(image);
+    }
+    return found;
+}
+
 int KRC_InfoFieldList::insertInfoField(UT_SharedPtr<KRC_InfoField> field, int beforeId)
 {
     const int id = InfoFieldIds::idOf(field);

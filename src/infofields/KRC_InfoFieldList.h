@@ -8,9 +8,11 @@
 #include <list>
 #include <map>
 #include <set>
+#include <vector>
 
 class KRC_ExtraInfoFieldDescList;
 class KRC_InfoFieldDescList;
+class KRC_InfoFieldImage;
 class KRC_InfoFieldListPrivate;
 
 using KRC_InfoFieldList_t = std::list<UT_SharedPtr<KRC_InfoField>>;
@@ -57,6 +59,9 @@ public:
     bool contain(int id) const;
     /// The field of `id`, null when there is none.
     UT_SharedPtr<KRC_InfoField> getInfoField(int id) const;
+    /// The image fields that hold a key, global and local, in list order: the pictures
+    /// of the owner, good while the list keeps them.
+    std::vector<KRC_InfoFieldImage const*> images() const;
 
     /// Inserts the field itself in front of `beforeId`; answers its id.
     int insertInfoField(UT_SharedPtr<KRC_InfoField> field, int beforeId);

@@ -1,5 +1,6 @@
 #include "tracking/KRC_DrawingObserver.h"
 
+#include "infofields/KRC_InfoFieldImage.h"
 #include "infofields/KRC_InfoFieldList.h"
 #include "project/KRC_KrolleProject.h"
 
@@ -37,18 +38,15 @@ bool findInElements(TUScene const& scene, int elementId, int drawingId, MO_Node*
     return false;
 }
 
-/// Whether an image field of the panel's info fields refers to the drawing: the file at
-/// the project's folder and the field's key, as a path key of its first image.
+/// Whether an image field of the panel's info fields refers to the drawing: the file of
+/// the field's key in the project's folder, as a path key of its first image.
 bool findInImageFields(Krolle::Panel_t const& panel, QString const& projectDir, CA_CelKey const& celkey)
 {
     KRC_InfoFieldList const* fields = panel.infoFieldList();
     if (!fields)
         return false;
-    for (UT_SharedPtr<KRC_InfoField> const& field : *fields) {
-        if (!field || !field->isImage() || field->value().isEmpty())
-            continue;
-        CA_CelKey const key(CA_CelKeyPath(projectDir + QLatin1Char('/') + field->value(), 1, false));
-        if (key.isEquivalent(celkey))
+    for (KRC_InfoFieldImage const* image : fields->images()) {
+        if (CA_CelKey(CA_CelKeyPath(image->file(projectDir), 1, false)).isEquivalent(celkey))
             return true;
     }
     return false;

@@ -87,6 +87,7 @@ TEST_F(ToolCommands, GoldenOutputs)
         { { "outline", "small.xml", "--layers" }, "outline_small_layers.txt" },
         // Camera.
         { { "camera", "demo.xml", "140" }, "camera_demo.txt" },
+        { { "camera", "demo.xml", "SH040/2" }, "camera_panel.txt" },
         // Layer selection and drawings.
         { { "drawings", "demo.xml", "--panel", "SH080/3" }, "drawings_demo.txt" },
         { { "drawings", "demo.xml", "--panel", "SH010/1", "--json" }, "drawings_demo.json" },

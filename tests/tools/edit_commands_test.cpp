@@ -85,7 +85,10 @@ TEST_F(ToolEdits, RefusalsChangeNothing)
             { "move", "demo.xml", "--panel", "SH080/3", "--before", "#1/1" },
             { "add-transition", "demo.xml", "--after", "SH020", "--length", "2" },
             { "set-length", "demo.xml", "--shot", "SH010", "--length", "0" },
-            { "rename", "demo.xml", "--act", "Nowhere", "--to", "X" } },
+            { "rename", "demo.xml", "--act", "Nowhere", "--to", "X" },
+            // Without preferences the panel rules allow no custom name.
+            { "rename", "demo.xml", "--panel", "SH050/1", "--to", "1A" },
+            { "camera", "demo.xml", "SH040", "--shot", "SH040" } },
         "edit_refusals.txt");
     EXPECT_EQ(sandbox.read("demo.xml"), demo);
     EXPECT_EQ(sandbox.read("small.xml"), small);
@@ -101,6 +104,30 @@ TEST_F(ToolEdits, KeptNamesStayWhenObjectsMove)
         "kept_names.txt");
 }
 
+// A move or a resize records the panels it retimed, and only those, as changed.
+TEST_F(ToolEdits, MovesAndResizesTrackThePanelsTheyRetime)
+{
+    const std::pair<QStringList, QStringList> cases[] = {
+        { { "move", "small.xml", "--shot", "3", "--before", "1" },
+            { "panel 1 \"1\" of shot 1 \"1\"", "panel 2 \"2\" of shot 1 \"1\"" } },
+        { { "move", "demo.xml", "--panel", "SH010/1", "--after", "SH020/1" }, { "panel 2 \"2\" of shot 2 \"SH020\"" } },
+        { { "set-length", "demo.xml", "--panel", "SH010/2", "--length", "16" }, { "panel 2 \"2\" of shot 1 \"SH010\"" } },
+        { { "set-length", "demo.xml", "--shot", "SH020", "--length", "30" }, { "panel 3 \"3\" of shot 2 \"SH020\"" } },
+        // SH080 shows its panels through its time warp: all three now show more frames.
+        { { "set-length", "demo.xml", "--shot", "SH080", "--length", "30" },
+            { "panel 1 \"1\" of shot 8 \"SH080\"", "panel 2 \"2\" of shot 8 \"SH080\"",
+                "panel 3 \"3\" of shot 8 \"SH080\"" } },
+    };
+    for (const auto& [arguments, expected] : cases) {
+        restore();
+        ASSERT_EQ(sandbox.run(arguments).exitCode, 0) << arguments.join(' ').toStdString();
+        QStringList touched;
+        for (const QJsonValue& panel : json({ "changes", arguments.at(1), "--json" })["panels"].toArray())
+            touched << panel["panel"].toString();
+        EXPECT_EQ(touched, expected) << arguments.join(' ').toStdString();
+    }
+}
+
 // Every command that names a panel takes the same addresses; ids stay true across edits.
 TEST_F(ToolEdits, NamesNumbersAndIdsAddressTheSameObject)
 {
@@ -112,6 +139,9 @@ TEST_F(ToolEdits, NamesNumbersAndIdsAddressTheSameObject)
             sandbox.run({ "layers", "demo.xml", "--panel", "SH080/3" }).out);
     }
     EXPECT_EQ(sandbox.run({ "camera", "demo.xml", "23", "--shot", "#4" }).out, sandbox.run({ "camera", "demo.xml", "140" }).out);
+    const QString shot = json({ "show", "demo.xml", "--shot", "SH040", "--json" })["object"].toObject()["id"].toString();
+    for (const QString& address : { QStringLiteral("#4"), shot, QStringLiteral("SH040/#1") })
+        EXPECT_EQ(sandbox.run({ "camera", "demo.xml", address }).out, sandbox.run({ "camera", "demo.xml", "SH040" }).out);
     const QString moved = json({ "show", "demo.xml", "--panel", "SH040/2", "--json" })["object"].toObject()["id"].toString();
     ASSERT_EQ(sandbox.run({ "move", "demo.xml", "--panel", moved, "--before", "#1/1" }).exitCode, 0);
     EXPECT_EQ(json({ "show", "demo.xml", "--panel", moved, "--json" })["label"].toString(),

@@ -2,6 +2,7 @@
 
 #include "ToolError.h"
 
+#include "infofields/KRC_InfoFieldImage.h"
 #include "infofields/KRC_InfoFieldList.h"
 #include "infofields/KRC_InfoFieldUtil.h"
 #include "infofields/KRC_PanelInfoFieldDescList.h"
@@ -68,13 +69,8 @@ QJsonObject InfoFieldText::panelValues(const KRC_KrolleProject& view, const Krol
 QString InfoFieldText::imageKey(const Krolle::Panel_t& panel)
 {
     const KRC_InfoFieldList* fields = panel.infoFieldList();
-    if (!fields)
-        return QString();
-    for (const UT_SharedPtr<KRC_InfoField>& field : *fields) {
-        if (field && field->isImage() && !field->value().isEmpty())
-            return field->value();
-    }
-    return QString();
+    const std::vector<const KRC_InfoFieldImage*> images = fields ? fields->images() : std::vector<const KRC_InfoFieldImage*>();
+    return images.empty() ? QString() : images.front()->key();
 }
 
 KRC_InfoField* InfoFieldText::valueOf(KRC_InfoFieldList& list, const KRC_InfoFieldDescList& descs, const KRC_InfoFieldDesc& desc)

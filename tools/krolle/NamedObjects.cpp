@@ -106,6 +106,19 @@ Krolle::Panel_t NamedObjects::panelByPath(const KRC_KrolleProject& view, const Q
     return panel(view, shot(view, address.left(slash), QString()), address.mid(slash + 1));
 }
 
+Krolle::Panel_t NamedObjects::shotOrPanel(
+    const KRC_KrolleProject& view, const QString& address, Krolle::Shot_t& shot, const QString& what)
+{
+    const SC_Id id = idIn(address);
+    if (address.contains(QLatin1Char('/')) || (!id.isNull() && view.getPanelByID(id).isValid())) {
+        const Krolle::Panel_t found = panelByPath(view, address, what);
+        shot = found.shot();
+        return found;
+    }
+    shot = NamedObjects::shot(view, address, QString());
+    return Krolle::Panel_t::invalid;
+}
+
 Krolle::Panel_t NamedObjects::panel(
     const KRC_KrolleProject& view, const Krolle::Shot_t& shot, const QString& address)
 {

@@ -30,6 +30,11 @@ public:
     // usage error naming the option.
     static Krolle::Panel_t panelByPath(const KRC_KrolleProject& view, const QString& address,
         const QString& option = QStringLiteral("--panel"));
+    // A shot or a panel by one address: a SHOT/PANEL path or a panel's id names a panel
+    // (returned, with its shot in `shot`), any other address a shot (the panel returned
+    // is then invalid).
+    static Krolle::Panel_t shotOrPanel(const KRC_KrolleProject& view, const QString& address, Krolle::Shot_t& shot,
+        const QString& what);
     static Krolle::Trans_t transition(const KRC_KrolleProject& view, const QString& address);
     // 'shot 3 "SH010"'
     static QString shotLabel(const KRC_KrolleProject& view, const Krolle::Shot_t& shot);

@@ -17,7 +17,7 @@ _krolle()
         'fields:list the info field definitions, or change one and save'
         'set:set an info field'\''s value on a panel or the project, and save'
         'layers:list the layers of a panel, in order'
-        'camera:show the camera matrices at a frame'
+        'camera:show the camera matrices at a frame, shot or panel'
         'drawings:list the drawings the panels show'
         'defaults:show the default layers of new panels'
         'track:set a panel'\''s tracking record, and save'
@@ -58,7 +58,7 @@ _krolle()
         fields) _arguments '*:file:_files' '--add[add a text field (an image with --image)]:NAME:_files' '--image[with --add\: an image field]' '--project[work on the project'\''s own fields, not the panels'\'']' '--before[with --add or --move\: in front of that field]:NAME:_files' '--rename[rename a field to NEW]:OLD:_files' '--move[move a field (to the end without --before)]:NAME:_files' '--hide[hide a field]:NAME:_files' '--show[show a hidden field]:NAME:_files' '--remove[remove a field and all its values]:NAME:_files' '--json[print one JSON document (see docs/tool.md)]' ;;
         set) _arguments '*:file:_files' '--panel[the panel, by names or #numbers of its shot and itself, or its id]:SHOT/PANEL:_files' '--project[set a project field instead of a panel'\''s]' '--field[the field, by its name]:NAME:_files' '--value[the new value (plain text, or an image'\''s key)]:TEXT:_files' '--json[print one JSON document (see docs/tool.md)]' ;;
         layers) _arguments '*:file:_files' '--panel[the panel, by names or #numbers of its shot and itself, or its id]:SHOT/PANEL:_files' '--json[print one JSON document (see docs/tool.md)]' ;;
-        camera) _arguments '*:file:_files' '--json[print one JSON document (see docs/tool.md)]' '--shot[count FRAME from 1 inside this shot (name, #number or id)]:SHOT:_files' '--fps[the rate of a FRAME given as a timecode]:F:_files' '--drop-frame[with --fps 29.97 or 59.94\: drop-frame timecodes (HH\:MM\:SS;FF)]' '--start-tc[with --fps\: the timecode of frame 1 (00\:00\:00\:00)]:TC:_files' ;;
+        camera) _arguments '*:file:_files' '--json[print one JSON document (see docs/tool.md)]' '--shot[count the frame from 1 inside this shot (name, #number or id)]:SHOT:_files' '--fps[the rate of a WHERE given as a timecode]:F:_files' '--drop-frame[with --fps 29.97 or 59.94\: drop-frame timecodes (HH\:MM\:SS;FF)]' '--start-tc[with --fps\: the timecode of frame 1 (00\:00\:00\:00)]:TC:_files' ;;
         drawings) _arguments '*:file:_files' '--panel[only this panel, by names or #numbers of its shot and itself, or its id]:SHOT/PANEL:_files' '--json[print one JSON document (see docs/tool.md)]' ;;
         defaults) _arguments '*:file:_files' '--json[print one JSON document (see docs/tool.md)]' ;;
         track) _arguments '*:file:_files' '--panel[the panel, by names or #numbers of its shot and itself, or its id]:SHOT/PANEL:_files' '--note[why the panel is tracked]:TEXT:_files' '--off[mark the panel as not tracked]' '--json[print one JSON document (see docs/tool.md)]' ;;

@@ -2,6 +2,8 @@
 
 #include "ToolError.h"
 
+#include "infofields/KRC_InfoFieldImage.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -38,4 +40,25 @@ void DrawingKeys::copy(const DrawingFolder& folder, const QString& where)
         if (!source.copy(copy))
             throw ToolError::file(QStringLiteral("cannot copy %1 to %2: %3").arg(drawing.path, copy, source.errorString()));
     }
+}
+
+QStringList DrawingKeys::searchFolders(const QString& projectFile, const QString& projectDir)
+{
+    QStringList folders;
+    if (!projectDir.isEmpty())
+        folders << projectDir;
+    const QString beside = QFileInfo(projectFile).absolutePath();
+    if (!folders.contains(beside))
+        folders << beside;
+    return folders;
+}
+
+QString DrawingKeys::find(const QString& key, const QStringList& folders)
+{
+    for (const QString& folder : folders) {
+        const QString file = KRC_InfoFieldImage::fileOf(folder, key);
+        if (!file.isNull() && QFileInfo::exists(file))
+            return file;
+    }
+    return QString();
 }

@@ -21,4 +21,11 @@ public:
     // Copies every drawing into `where` (made when missing), replacing older copies;
     // a drawing that already is its own copy is left alone.
     static void copy(const DrawingFolder& folder, const QString& where);
+
+    // Where the tool looks for the picture of a key, in order: the project's folder,
+    // where the library resolves keys, and the folder beside the project file, so that
+    // a board moved with its pictures still finds them. projectDir may be empty.
+    static QStringList searchFolders(const QString& projectFile, const QString& projectDir);
+    // The file of `key` in the first of `folders` that holds it; null when none does.
+    static QString find(const QString& key, const QStringList& folders);
 };

@@ -1,10 +1,9 @@
 #include "PanelPainter.h"
 
+#include "DrawingKeys.h"
 #include "PageLayout.h"
 #include "PrintedPanel.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 
@@ -37,14 +36,7 @@ struct PanelPainter::Private
     // The picture of `key` fitted into `box` (device units), or a null image with `why` set.
     QImage picture(const QString& key, const QRectF& box, QString& why) const
     {
-        QString path;
-        for (const QString& folder : folders) {
-            const QString candidate = QDir(folder).filePath(key);
-            if (QFileInfo::exists(candidate)) {
-                path = candidate;
-                break;
-            }
-        }
+        const QString path = DrawingKeys::find(key, folders);
         if (path.isNull()) {
             why = QStringLiteral("missing: %1").arg(key);
             return QImage();

@@ -4,16 +4,20 @@
 #include "NamedObjects.h"
 #include "ProjectDocument.h"
 #include "TextTable.h"
+#include "Timecode.h"
 
 #include "camera/KRC_CameraManager.h"
 #include "project/KRC_KrolleProject.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 namespace {
 
 const int kSchemaVersion = 1;
+const QString kWhere = QStringLiteral("WHERE");
+const QString kShot = QStringLiteral("--shot");
 
 // Rows of the matrix, each an array of four numbers.
 QJsonArray matrixJson(const Math::Matrix4x4& matrix)
@@ -57,25 +61,40 @@ QString table(const QJsonObject& answer)
 } // namespace
 
 CameraCommand::CameraCommand()
-    : Command(QStringLiteral("camera"), QStringLiteral("show the camera matrices at a frame"))
+    : Command(QStringLiteral("camera"), QStringLiteral("show the camera matrices at a frame, shot or panel"))
 {
     ArgumentParser& parser = declare();
     parser.addPositional(QStringLiteral("FILE"), QStringLiteral("project file to read"));
-    parser.addPositional(QStringLiteral("FRAME"), QStringLiteral("project frame, counted from 1, or a timecode with --fps"));
+    parser.addPositional(kWhere,
+        QStringLiteral("project frame counted from 1, a timecode with --fps, or a shot or panel "
+                       "(name, #number or id: its first frame)"));
     parser.addFlag(QStringLiteral("--json"), QStringLiteral("print one JSON document (see docs/tool.md)"));
-    parser.addOption(QStringLiteral("--shot"), QStringLiteral("SHOT"),
-        QStringLiteral("count FRAME from 1 inside this shot (name, #number or id)"));
-    parser.addTimecodeOptions(QStringLiteral("the rate of a FRAME given as a timecode"));
+    parser.addOption(kShot, QStringLiteral("SHOT"),
+        QStringLiteral("count the frame from 1 inside this shot (name, #number or id)"));
+    parser.addTimecodeOptions(QStringLiteral("the rate of a WHERE given as a timecode"));
+    parser.setEpilogue(QStringLiteral("A word of digits is a frame; a shot named by digits is given as #number or id.\n"
+                                      "\n"
+                                      "examples: krolle camera demo.xml 140\n"
+                                      "          krolle camera demo.xml SH040/2\n"
+                                      "          krolle camera demo.xml 23 --shot SH040"));
 }
 
 namespace {
 
-// The shot at a project frame, or with --shot the named one, FRAME then counting inside it.
-Krolle::Shot_t shotOf(const KRC_KrolleProject& view, const ArgumentValues& arguments, unsigned& frame)
+// A word that reads as a frame rather than as an address: digits, or a timecode.
+bool isFrame(const QString& word)
 {
-    if (!arguments.isSet(QStringLiteral("--shot")))
+    static const QRegularExpression digits(QStringLiteral("^[0-9]+$"));
+    return Timecode::looksLikeTimecode(word) || digits.match(word).hasMatch();
+}
+
+// The shot at a project frame, or with --shot the named one, the frame then counting inside it.
+Krolle::Shot_t shotAtFrame(const KRC_KrolleProject& view, const ArgumentValues& arguments, unsigned& frame)
+{
+    frame = arguments.frame(kWhere, arguments.positional(kWhere), arguments.timecode());
+    if (!arguments.isSet(kShot))
         return view.getShotAt(frame, KRC_KrolleProject::PreferPrevious);
-    const Krolle::Shot_t shot = NamedObjects::shot(view, arguments.value(QStringLiteral("--shot")), QString());
+    const Krolle::Shot_t shot = NamedObjects::shot(view, arguments.value(kShot), QString());
     const unsigned length = shot.lastFrame() - shot.firstFrame() + 1;
     if (frame > length)
         throw ToolError::failure(QStringLiteral("%1 has %2 frames, not %3")
@@ -84,15 +103,31 @@ Krolle::Shot_t shotOf(const KRC_KrolleProject& view, const ArgumentValues& argum
     return shot;
 }
 
+// The shot that WHERE names or stands in, and the project frame to look at.
+Krolle::Shot_t shotOf(const KRC_KrolleProject& view, const ArgumentValues& arguments, unsigned& frame)
+{
+    const QString where = arguments.positional(kWhere);
+    if (isFrame(where))
+        return shotAtFrame(view, arguments, frame);
+    if (arguments.isSet(kShot))
+        throw ToolError::usage(
+            QStringLiteral("--shot counts a frame inside the shot; '%1' is no frame").arg(where));
+    Krolle::Shot_t shot;
+    const Krolle::Panel_t panel = NamedObjects::shotOrPanel(view, where, shot, kWhere);
+    frame = panel.isValid() ? panel.firstFrame() : shot.firstFrame();
+    return shot;
+}
+
 } // namespace
 
 ExitStatus CameraCommand::run(const ArgumentValues& arguments)
 {
-    unsigned frame
-        = arguments.frame(QStringLiteral("FRAME"), arguments.positional(QStringLiteral("FRAME")), arguments.timecode());
+    if (isFrame(arguments.positional(kWhere)))
+        arguments.frame(kWhere, arguments.positional(kWhere), arguments.timecode()); // bad usage before the load
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();
+    unsigned frame = 0;
     const Krolle::Shot_t shot = shotOf(view, arguments, frame);
     if (shot.isInvalid() || !shot.symbol())
         throw ToolError::failure(

@@ -1,11 +1,12 @@
 #include "DrawingsCommand.h"
 
 #include "Console.h"
-#include "InfoFieldText.h"
 #include "NamedObjects.h"
 #include "ProjectDocument.h"
 #include "TextTable.h"
 
+#include "infofields/KRC_InfoFieldImage.h"
+#include "infofields/KRC_InfoFieldList.h"
 #include "project/KRC_KrolleProject.h"
 #include "tracking/KRC_ConcreteVisitor.h"
 
@@ -39,33 +40,20 @@ void appendPanel(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, QJ
     }
 }
 
-// The names of the project's image fields: a panel's image in one of them is a drawing
-// it shows too, made elsewhere and kept beside the project.
-QStringList imageFieldNames(const KRC_KrolleProject& view)
+// The pictures of the panel's image fields: drawings it shows too, made elsewhere and
+// kept beside the project. A global field is named by its definition, a local by itself.
+void appendImages(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, QJsonArray& out)
 {
-    QStringList names;
-    for (const QJsonValue& definition : InfoFieldText::panelDefinitions(view)) {
-        const QJsonObject field = definition.toObject();
-        if (field.value(QStringLiteral("kind")).toString() == QLatin1String("image"))
-            names << field.value(QStringLiteral("name")).toString();
-    }
-    return names;
-}
-
-void appendImages(const KRC_KrolleProject& view, const Krolle::Panel_t& panel, const QStringList& imageFields,
-    QJsonArray& out)
-{
-    if (imageFields.isEmpty())
+    const KRC_InfoFieldList* fields = panel.infoFieldList();
+    if (!fields)
         return;
-    const QJsonObject values = InfoFieldText::panelValues(view, panel, true);
     const QString label = NamedObjects::panelLabel(view, panel);
-    for (const QString& name : imageFields) {
-        const QString key = values.value(name).toString();
-        if (!key.isEmpty()) {
-            out.append(QJsonObject { { QStringLiteral("panel"), label }, { QStringLiteral("element"), name },
-                { QStringLiteral("enabled"), true }, { QStringLiteral("kind"), QStringLiteral("image") },
-                { QStringLiteral("drawing"), key } });
-        }
+    for (const KRC_InfoFieldImage* image : fields->images()) {
+        const KRC_InfoFieldDesc* desc = image->isGlobal() ? view.getInfoFieldDesc(true, image->id()) : nullptr;
+        out.append(QJsonObject { { QStringLiteral("panel"), label }, { QStringLiteral("panelId"), panel.id().toString() },
+            { QStringLiteral("element"), desc ? desc->name() : image->name() },
+            { QStringLiteral("enabled"), true }, { QStringLiteral("kind"), QStringLiteral("image") },
+            { QStringLiteral("drawing"), image->key() } });
     }
 }
 
@@ -111,11 +99,10 @@ ExitStatus DrawingsCommand::run(const ArgumentValues& arguments)
     ProjectDocument document;
     document.open(arguments.positional(QStringLiteral("FILE")));
     const KRC_KrolleProject& view = document.view();
-    const QStringList imageFields = imageFieldNames(view);
     QJsonArray entries;
     const auto append = [&](const Krolle::Panel_t& panel) {
         appendPanel(view, panel, entries);
-        appendImages(view, panel, imageFields, entries);
+        appendImages(view, panel, entries);
     };
     if (arguments.isSet(QStringLiteral("--panel"))) {
         append(NamedObjects::panelByPath(view, arguments.value(QStringLiteral("--panel"))));

@@ -4,6 +4,9 @@
 #include "NameChanges.h"
 #include "ProjectDocument.h"
 
+#include "project/KRC_KrolleProject.h"
+#include "tracking/KRC_TrackingManager.h"
+
 #include <QJsonArray>
 
 namespace {
@@ -33,6 +36,11 @@ void EditCommand::refused(const QString& what, const QString& error)
 unsigned EditCommand::frameCount(const ArgumentValues& arguments, const QString& option)
 {
     return arguments.length(option, 0, 1, kLongestLength, arguments.timecode());
+}
+
+void EditCommand::touch(const KRC_KrolleProject& view, const std::vector<SC_Id>& panels)
+{
+    view.trackingManager()->trackPanels(panels);
 }
 
 void EditCommand::checkUsage(const ArgumentValues&) const

@@ -3,8 +3,13 @@
 
 #include "Command.h"
 
+#include "host/engine/SC_Id.h"
+
 #include <QJsonObject>
 
+#include <vector>
+
+class KRC_KrolleProject;
 class ProjectDocument;
 
 // What every edit shares: FILE, --dry-run and --json, the one load-edit-save path
@@ -39,6 +44,10 @@ protected:
     // A length given to an option in frames, or as a timecode duration at --fps; every
     // edit reads lengths through here.
     static unsigned frameCount(const ArgumentValues& arguments, const QString& option);
+    // Counts panels as changed by the edit, so that their tracking records are written:
+    // the engine reports a move or a retiming as a change of a shot's sequence, which
+    // names no panel. Call it after the edit's notify, with ids of panels that exist.
+    static void touch(const KRC_KrolleProject& view, const std::vector<SC_Id>& panels);
 
 private:
     ExitStatus run(const ArgumentValues& arguments) final;

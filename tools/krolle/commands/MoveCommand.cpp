@@ -4,6 +4,7 @@
 #include "EnginePosition.h"
 #include "NamedObjects.h"
 #include "ObjectJson.h"
+#include "PanelLengths.h"
 #include "ProjectDocument.h"
 
 #include "host/engine/HostEngine.h"
@@ -20,6 +21,17 @@ const QString kBefore = QStringLiteral("--before");
 unsigned arrival(unsigned leaving, unsigned target, bool sameSeries)
 {
     return sameSeries && leaving < target ? target - 1 : target;
+}
+
+// The panels that the move takes elsewhere: the panel, or every panel of the shot.
+std::vector<SC_Id> movedPanels(const KRC_KrolleProject& view, const ChosenObject& moved)
+{
+    if (moved.kind() == ChosenObject::Panel)
+        return { moved.id() };
+    std::vector<SC_Id> ids;
+    for (auto panel = view.beginPanel(moved.shot()), end = view.endPanel(moved.shot()); panel != end; ++panel)
+        ids.push_back(panel->id());
+    return ids;
 }
 
 } // namespace
@@ -45,6 +57,7 @@ EditCommand::Outcome MoveCommand::edit(ProjectDocument& document, const Argument
     const QString side = arguments.exactlyOne({ kAfter, kBefore });
     const bool after = side == kAfter;
     const ChosenObject chosen = ChosenObject::read(view, arguments, kKinds);
+    PanelLengths lengths;
     const QString label = chosen.label(view);
     const QJsonValue before = chosen.json(objects);
     SC_Project* project = document.project();
@@ -62,6 +75,9 @@ EditCommand::Outcome MoveCommand::edit(ProjectDocument& document, const Argument
         place = NamedObjects::panelLabel(view, neighbour);
         const SC_Id from = chosen.panel().shot().id();
         const SC_Id to = neighbour.shot().id();
+        // A shot shown through its time warp shows its other panels differently.
+        lengths.add(view, chosen.panel().shot());
+        lengths.add(view, neighbour.shot());
         const unsigned target = EnginePosition::ofPanel(project, to, neighbour.id()) + (after ? 1 : 0);
         const unsigned leaving = EnginePosition::ofPanel(project, from, chosen.id());
         done = HostAuthoring::movePanel(project, chosen.id(), to, arrival(leaving, target, from == to), &error);
@@ -70,6 +86,8 @@ EditCommand::Outcome MoveCommand::edit(ProjectDocument& document, const Argument
         refused(QStringLiteral("move %1 %2 %3").arg(label, side.mid(2), place), error);
     document.notify();
     const ChosenObject moved = chosen.again(view);
+    touch(view, movedPanels(view, moved));
+    touch(view, lengths.changed(view));
     return { QStringLiteral("moved %1 %2 %3; it is now %4").arg(label, side.mid(2), place, moved.label(view)),
         QJsonObject { { QStringLiteral("kind"), chosen.kindName() }, { QStringLiteral("before"), before },
             { QStringLiteral("after"), moved.json(objects) } } };

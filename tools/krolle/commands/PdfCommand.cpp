@@ -4,6 +4,7 @@
 #include "ProjectDocument.h"
 #include "Timecode.h"
 #include "board/BoardPrinter.h"
+#include "board/DrawingKeys.h"
 
 #include "host/context/TUDbSceneData.h"
 #include "host/engine/SC_ProjectCommon.h"
@@ -104,10 +105,8 @@ ExitStatus PdfCommand::run(const ArgumentValues& arguments)
     if (arguments.isSet(QStringLiteral("--to")))
         settings.toShot = arguments.value(QStringLiteral("--to"));
     settings.title = view.title().isEmpty() ? QFileInfo(document.path()).completeBaseName() : view.title();
-    settings.imageFolders << QFileInfo(document.path()).absolutePath();
-    const QString projectDir = document.project()->projectCommon()->dbSceneData()->projectDir();
-    if (!projectDir.isEmpty())
-        settings.imageFolders << projectDir;
+    settings.imageFolders = DrawingKeys::searchFolders(
+        document.path(), document.project()->projectCommon()->dbSceneData()->projectDir());
 
     const BoardPrinter printer(view, settings);
     if (printer.panelCount() == 0)

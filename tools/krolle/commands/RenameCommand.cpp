@@ -7,6 +7,8 @@
 
 #include "metadata/KRC_PanelInfo.h"
 #include "metadata/KRC_SceneInfo.h"
+#include "naming/KRC_NameHelper.h"
+#include "naming/KRC_NamingRules.h"
 #include "naming/KRC_ObjectName.h"
 #include "project/KRC_KrolleProject.h"
 
@@ -79,11 +81,35 @@ QString wantedName(const ArgumentValues& arguments)
     return name;
 }
 
-void writeName(const KRC_KrolleProject& view, KRC_ObjInfo& record, KRC_ObjectName& stored, const QString& name,
-    const QString& label)
+// The rules that say whether a user may name this kind of object; acts have none, so
+// their names are always the user's to give.
+const KRC_NamingRules::ObjRules* rulesFor(const KRC_KrolleProject& view, const QString& kind)
+{
+    const KRC_NamingRules* rules = view.namingRules();
+    if (!rules || kind == QLatin1String("act"))
+        return nullptr;
+    if (kind == QLatin1String("sequence"))
+        return &rules->sequenceRules();
+    return kind == QLatin1String("shot") ? &rules->shotRules() : &rules->panelRules();
+}
+
+// Refuses a name the object may not take: any name when it is locked, a custom one when
+// the project's rules keep that kind of object to automatic names.
+void checkNamable(const KRC_KrolleProject& view, const QString& kind, const KRC_ObjectName& stored,
+    const QString& wanted, const QString& label, const QString& file)
 {
     if (stored.isLocked())
-        throw ToolError::failure(QStringLiteral("the name of %1 is locked").arg(label));
+        throw ToolError::failure(QStringLiteral("the name of %1 in %2 is locked").arg(label, file));
+    const KRC_NamingRules::ObjRules* rules = rulesFor(view, kind);
+    if (!wanted.isNull() && rules && !KRC_NameHelper::canModifyName(*rules, stored))
+        throw ToolError::failure(
+            QStringLiteral("the naming rules of %1 allow no custom %2 name (%2.allowCustomName is false), "
+                           "so %3 can only take its automatic name, with --auto")
+                .arg(file, kind, label));
+}
+
+void writeName(const KRC_KrolleProject& view, KRC_ObjInfo& record, KRC_ObjectName& stored, const QString& name)
+{
     NameWriter::set(stored, name);
     NameWriter::announce(record, view.changeManager());
 }
@@ -95,15 +121,21 @@ QString sentence(const QString& label, const QString& wanted, const QString& aft
     return QStringLiteral("renamed %1 to \"%2\"").arg(label, after);
 }
 
-EditCommand::Outcome renameRun(KRC_KrolleProject& view, bool acts, const QString& address, const QString& wanted)
+EditCommand::Outcome renameRun(
+    KRC_KrolleProject& view, bool acts, const QString& address, const QString& wanted, const QString& file)
 {
     const Run run = findRun(view, acts, address);
-    const QString label = QStringLiteral("%1 %2 \"%3\"")
-                              .arg(acts ? QStringLiteral("act") : QStringLiteral("sequence"),
-                                  QString::number(run.number), run.name);
+    const QString kind = acts ? QStringLiteral("act") : QStringLiteral("sequence");
+    const QString label = QStringLiteral("%1 %2 \"%3\"").arg(kind, QString::number(run.number), run.name);
+    auto storedName = [acts](KRC_SceneInfo& info) -> KRC_ObjectName& {
+        return acts ? info.actName() : info.sequenceName();
+    };
+    // Every shot of the run is checked before any is written, so a refusal changes nothing.
+    for (const SC_Id& id : run.shots)
+        checkNamable(view, kind, storedName(*view.getShotByID(id).sceneInfo()), wanted, label, file);
     for (const SC_Id& id : run.shots) {
         KRC_SceneInfo* info = view.getShotByID(id).sceneInfo();
-        writeName(view, *info, acts ? info->actName() : info->sequenceName(), wanted, label);
+        writeName(view, *info, storedName(*info), wanted);
     }
     view.changeManager()->notify();
     const Krolle::Shot_t first = view.getShotByID(run.shots.front());
@@ -144,14 +176,15 @@ EditCommand::Outcome RenameCommand::edit(ProjectDocument& document, const Argume
     const QString wanted = wantedName(arguments);
     const QString option = arguments.exactlyOne({ QStringLiteral("--shot"), QStringLiteral("--panel"), kSequence, kAct });
     if (option == kSequence || option == kAct)
-        return renameRun(view, option == kAct, arguments.value(option), wanted);
+        return renameRun(view, option == kAct, arguments.value(option), wanted, document.path());
 
     const ChosenObject chosen = ChosenObject::read(view, arguments, kKinds);
     const QString label = chosen.label(view);
     const QString before = chosen.kind() == ChosenObject::Shot ? chosen.shot().name() : chosen.panel().name();
     KRC_ObjInfo* record = chosen.kind() == ChosenObject::Shot ? static_cast<KRC_ObjInfo*>(chosen.shot().sceneInfo())
                                                               : chosen.panel().panelInfo();
-    writeName(view, *record, record->name(), wanted, label);
+    checkNamable(view, chosen.kindName(), record->name(), wanted, label, document.path());
+    writeName(view, *record, record->name(), wanted);
     document.notify();
     const ChosenObject renamed = chosen.again(view);
     const QString after = renamed.kind() == ChosenObject::Shot ? renamed.shot().name() : renamed.panel().name();

@@ -2,6 +2,7 @@
 
 #include "ChosenObject.h"
 #include "ObjectJson.h"
+#include "PanelLengths.h"
 #include "ProjectDocument.h"
 
 #include "host/engine/HostEngine.h"
@@ -35,6 +36,8 @@ EditCommand::Outcome SetLengthCommand::edit(ProjectDocument& document, const Arg
     const QString label = chosen.label(view);
     const QJsonValue before = chosen.json(objects);
     const unsigned was = chosen.lastFrame() - chosen.firstFrame() + 1;
+    PanelLengths lengths;
+    lengths.add(view, chosen.kind() == ChosenObject::Shot ? chosen.shot() : chosen.panel().shot());
     QString error;
     const bool done = chosen.kind() == ChosenObject::Shot
         ? HostAuthoring::resizeShot(document.project(), chosen.id(), length, &error)
@@ -42,6 +45,7 @@ EditCommand::Outcome SetLengthCommand::edit(ProjectDocument& document, const Arg
     if (!done)
         refused(QStringLiteral("give %1 %2 frames").arg(label).arg(length), error);
     document.notify();
+    touch(view, lengths.changed(view));
     const ChosenObject resized = chosen.again(view);
     if (!resized.isValid())
         return { QStringLiteral("%1 is %2 frames long, was %3; %4").arg(label).arg(length).arg(was).arg(resized.label(view)),
