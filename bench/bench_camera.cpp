@@ -26,6 +26,7 @@ struct CameraBench
         , session(KRC_SessionContext::createSessionContext(nullptr, nullptr))
     {
         KRC_KrolleProject* view = session->createKrolleProject(board->board.project.get());
+        stopHearingDrawings(*view);
         for (auto const& shot : board->board.panels)
             for (SC_Id const& id : shot)
                 panelScenes.push_back(view->getPanelByID(id).symbol()->sceneCommon());

@@ -175,11 +175,29 @@ void BM_CollectDrawingsOfEveryPanel(benchmark::State& state)
     passOverEveryPanel(state, false, collect);
 }
 
+/// Lends a selection to a layer manager for one benchmark and takes it back, so that
+/// no later benchmark finds the manager pointing at a selection that is gone.
+class SelectionLoan
+{
+public:
+    explicit SelectionLoan(Manager* manager)
+        : m_manager(manager)
+    {
+        m_manager->setSelection(&m_selection);
+    }
+    ~SelectionLoan() { m_manager->setSelection(nullptr); }
+    SelectionLoan(SelectionLoan const&) = delete;
+    SelectionLoan& operator=(SelectionLoan const&) = delete;
+
+private:
+    Manager* const m_manager;
+    SL_Selection m_selection;
+};
+
 void BM_SelectLayerOnNextPanel(benchmark::State& state)
 {
     KRC_KrolleProject& view = *LayerBoard::ofPanels(unsigned(state.range(0))).view;
-    SL_Selection selection;
-    view.layerManager()->setSelection(&selection);
+    SelectionLoan const loan(view.layerManager());
     auto panel = view.beginPanel();
     for (auto _ : state) {
         if (++panel == view.endPanel())
@@ -187,7 +205,6 @@ void BM_SelectLayerOnNextPanel(benchmark::State& state)
         view.layerManager()->selectLayer(panel->symbol(), QStringLiteral("Layer2"),
             Manager::eSelectReplace, false);
     }
-    view.layerManager()->setSelection(nullptr);
 }
 
 BENCHMARK(BM_CollectDrawingsOfEveryPanel)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);

@@ -13,14 +13,18 @@
 
 namespace {
 
-/// The board of that size with its tracking manager connected (once), and the last
-/// panel: the one a walk reaches last.
+/// A board of that size with its tracking manager connected, and the last panel: the
+/// one a walk reaches last. The board is one of its own, so that the connection and
+/// the column added here do not stay on the board that other benchmarks share.
 KRC_KrolleProject& trackedView(benchmark::State& state, Krolle::Panel_t& last)
 {
-    BenchBoard& bench = BenchBoard::ofPanels(unsigned(state.range(0)));
-    static std::set<KRC_KrolleProject*> connected;
-    if (connected.insert(bench.view.get()).second)
-        bench.view->trackingManager()->init();
+    static std::map<unsigned, std::unique_ptr<BenchBoard>> boards;
+    std::unique_ptr<BenchBoard>& slot = boards[unsigned(state.range(0))];
+    if (!slot) {
+        slot = BenchBoard::fresh(unsigned(state.range(0)));
+        slot->view->trackingManager()->init();
+    }
+    BenchBoard& bench = *slot;
     last = *bench.view->rbeginPanel();
     if (last.symbol()->timedValues().size() < 2) {
         // A drawing column, so that the panel has a timed value to change beside its

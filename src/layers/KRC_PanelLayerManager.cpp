@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 
 unsigned const KRC_PanelLayerManager::invalidLayerIdx;
 QString const KRC_PanelLayerManager::pitchModeLayerName = QStringLiteral("Comments");
@@ -57,8 +58,10 @@ public:
     KRC_PanelLayerManager::LayerInfoList defaultLayers;
     bool brushPresetActive = false;
     SL_Selection* selection = nullptr;
-    /// Remembered layer names by panel id, and under the two shared keys.
-    std::map<SC_Id, QStringList> selectedNames;
+    /// Remembered layer names by panel id, and under the two shared keys. Hashed: it
+    /// gains an entry for every panel visited, and a lookup must not grow with them.
+    /// References to the lists stay good while entries are added.
+    std::unordered_map<SC_Id, QStringList> selectedNames;
 
     /// The list in force for the scene (see currentList in the class).
     QStringList& currentList(TUScene const* scene);
@@ -216,7 +219,7 @@ void KRC_PanelLayerManager::updateDefaultLayers(SC_Id const& panelId)
     KRC_LayerInfos const* infos = panel.layerInfos();
     d->defaultLayers.clear();
     for (MO_Node const* node : layers) {
-        QString const name = node->instanceName();
+        QString const& name = node->instanceName();
         auto const* animated = dynamic_cast<MO_AnimatedModule const*>(node);
         d->defaultLayers.emplace_back(name, node->lock(), node->enabled() != 0,
             !names.isEmpty() && names.first() == name, names.contains(name), infos ? infos->layerFlags(name) : 0,
@@ -833,7 +836,7 @@ bool KRC_PanelLayerManager::applySelection(
     TUScene const* scene, MO_Node const* node, eLayerSelectionMode mode, bool notify)
 {
     QStringList& names = d->currentList(scene);
-    QString const name = node->instanceName();
+    QString const& name = node->instanceName();
     bool const remembered = names.contains(name);
     if (mode == eSelectAdd && remembered)
         return true;

@@ -3,6 +3,7 @@
 
 #include "host/base/UT_SharedWeakPtr.h"
 #include "host/engine/CA_CelKey.h"
+#include "host/engine/HostNodeArena.h"
 
 class HostNodeEdit;
 class TUElementTimedValue;
@@ -13,6 +14,8 @@ class TUElementTimedValue;
 /// element id -1 and invalid keys. Owned by its MO_ElementModule. Single-threaded.
 class AT_DrawingAttr
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     explicit AT_DrawingAttr(TUElementTimedValue* column);
     AT_DrawingAttr(AT_DrawingAttr const&) = delete;
@@ -35,6 +38,8 @@ private:
 /// Owned by its node; changed through HostNodeAuthoring. Single-threaded.
 class AT_DoubleAttr
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     explicit AT_DoubleAttr(double value);
 

@@ -7,6 +7,8 @@
 
 class MO_Node::MO_NodePrivate
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     SC_SceneCommon* scene;
     QString name;
@@ -43,7 +45,7 @@ TUGroup* MO_Node::group() const
     return d->group;
 }
 
-QString MO_Node::instanceName() const
+QString const& MO_Node::instanceName() const
 {
     return d->name;
 }
@@ -85,6 +87,8 @@ void MO_Node::setEnabled(quint8 enabled)
 
 class TUGroup::TUGroupPrivate
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     SubNodes nodes;
 };
@@ -152,6 +156,8 @@ void TUGroup::takeSubNode(MO_Node* node)
 
 class MO_AnimatedModule::MO_AnimatedModulePrivate
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     CameraAlignment alignment = CameraAlignment_None;
 };
@@ -179,6 +185,8 @@ void MO_AnimatedModule::setCameraAlignment(CameraAlignment alignment)
 
 class MO_ElementModule::MO_ElementModulePrivate
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     AT_DrawingAttr* drawing = nullptr;
     AT_DoubleAttr* opacity = nullptr;

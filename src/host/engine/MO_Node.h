@@ -5,6 +5,7 @@
 #include "host/base/UT_ShareBase.h"
 #include "host/base/UT_SharedPtr.h"
 #include "host/base/UT_SharedWeakPtr.h"
+#include "host/engine/HostNodeArena.h"
 #include "host/engine/MO_ModuleVisitor.h"
 
 #include <QString>
@@ -44,9 +45,12 @@ public:                                                                         
 /// Nodes are shared by UT_SharedPtr and weak-pointable (the change manager's node
 /// sets hold weak pointers). Everything here only reads: nodes are edited through
 /// HostNodeAuthoring, which posts each change to the scene's change manager.
-/// Single-threaded, the host's thread.
+/// Nodes and their parts live in the HostNodeArena, so that a network made in one go
+/// lies side by side in memory. Single-threaded, the host's thread.
 class MO_Node : public UT_ShareBase, public UT_SharedWeakBase
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     MO_Node(SC_SceneCommon* scene, QString const& instanceName);
     ~MO_Node() override;
@@ -63,7 +67,7 @@ public:
     MO_Node* getParentNode() const;
     /// The group whose list holds this node; null for a root group or a node in none.
     TUGroup* group() const;
-    QString instanceName() const;
+    QString const& instanceName() const;
     bool lock() const;
     /// The enabled byte: 0 is switched off, anything else on. New nodes are on (1).
     quint8 enabled() const;
@@ -96,8 +100,8 @@ class TUGroup : public MO_Module
 {
     HOST_MODULE_DISPATCH
 public:
-    // A vector: walks read the children side by side in memory.
-    using SubNodes = std::vector<UT_SharedPtr<MO_Node>>;
+    // A vector in the arena: walks read the children side by side, next to the nodes.
+    using SubNodes = std::vector<UT_SharedPtr<MO_Node>, HostNodeArenaAllocator<UT_SharedPtr<MO_Node>>>;
     using SubNodeIterator = SubNodes::const_iterator;
 
     TUGroup(SC_SceneCommon* scene, QString const& instanceName);

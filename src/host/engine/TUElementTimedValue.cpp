@@ -15,6 +15,8 @@ int g_nextElementId = 1;
 
 class TUElementTimedValue::TUElementTimedValuePrivate
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     struct Run
     {
@@ -22,15 +24,19 @@ public:
         int drawingId;
     };
 
+    // Both maps keep their entries in the arena, beside the column and its element.
+    template <class Value>
+    using ArenaMap = std::map<int, Value, std::less<int>, HostNodeArenaAllocator<std::pair<int const, Value>>>;
+
     CA_DrawingKind kind = CA_DrawingKind::Other;
     // Each drawing's key is made with the drawing and handed out as a copy: a key is
     // immutable and shares its source, so asking for it allocates nothing.
-    std::map<int, CA_CelKey> drawings;
+    ArenaMap<CA_CelKey> drawings;
     // Runs of exposure by first frame; they never overlap.
-    std::map<int, Run> runs;
+    ArenaMap<Run> runs;
 
     // The run that holds the frame, or runs.end().
-    std::map<int, Run>::const_iterator runAt(int frame) const
+    ArenaMap<Run>::const_iterator runAt(int frame) const
     {
         auto it = runs.upper_bound(frame);
         if (it == runs.begin())

@@ -3,6 +3,7 @@
 
 #include "host/base/UT_SharedWeakPtr.h"
 #include "host/engine/CA_CelKey.h"
+#include "host/engine/HostNodeArena.h"
 #include "host/engine/TUTimedValue.h"
 
 #include <QList>
@@ -21,6 +22,8 @@ class HostNodeEdit;
 /// timedValuesChanged. Single-threaded, the host's thread.
 class TUElementTimedValue : public TUTimedValue, public UT_SharedWeakBase
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     /// One run of exposure: frames `firstFrame` to `lastFrame`, both included.
     struct Exposure
