@@ -104,6 +104,14 @@ TEST_F(ToolEdits, KeptNamesStayWhenObjectsMove)
         "kept_names.txt");
 }
 
+// Runs are told apart by name alone: an automatic name that a neighbour already has is refused.
+TEST_F(ToolEdits, AnAutomaticNameNeverJoinsTwoSequences)
+{
+    expectTranscript(sandbox,
+        { { "rename", "demo.xml", "--sequence", "#2", "--auto" }, { "rename", "demo.xml", "--sequence", "#3", "--auto" } },
+        "sequence_auto.txt");
+}
+
 // A move or a resize records the panels it retimed, and only those, as changed.
 TEST_F(ToolEdits, MovesAndResizesTrackThePanelsTheyRetime)
 {

@@ -130,6 +130,7 @@ EditCommand::Outcome renameRun(
     auto storedName = [acts](KRC_SceneInfo& info) -> KRC_ObjectName& {
         return acts ? info.actName() : info.sequenceName();
     };
+    const std::size_t runsBefore = runsOf(view, acts).size();
     // Every shot of the run is checked before any is written, so a refusal changes nothing.
     for (const SC_Id& id : run.shots)
         checkNamable(view, kind, storedName(*view.getShotByID(id).sceneInfo()), wanted, label, file);
@@ -140,6 +141,13 @@ EditCommand::Outcome renameRun(
     view.changeManager()->notify();
     const Krolle::Shot_t first = view.getShotByID(run.shots.front());
     const QString after = acts ? first.actName() : first.sequenceName();
+    // Runs are told apart by their names: a neighbour with the automatic name would swallow
+    // this one unasked (a name given with --to is the user's choice). Nothing is saved after
+    // a refusal, so the file keeps both.
+    if (wanted.isNull() && runsOf(view, acts).size() != runsBefore)
+        throw ToolError::failure(
+            QStringLiteral("%1 cannot take the name \"%2\" in %3: a neighbouring %4 has it, and the two would become one")
+                .arg(label, after, file, kind));
     QJsonArray shots;
     for (const SC_Id& id : run.shots)
         shots.append(id.toString());
