@@ -131,8 +131,7 @@ TEST_F(LayerSelection, RememberedOrderGlobalNavigationPresetsAndFallback)
 {
     layers().setSelectedLayers(board.panel(0, 1), { "A", "Z", "B", "A" }, false);
     layers().selectPreferedLayers(second, true, false);
-    EXPECT_EQ(remembered(second), "B,A");
-    EXPECT_EQ(current(second), "A");
+    EXPECT_EQ(QStringList({ remembered(second), current(second) }), QStringList({ "B,A", "A" }));
 
     QSignalSpy info(&layers(), &Manager::layerInfoChanged);
     layers().selectPreferedLayers(first, true, false); // keepEmpty: nothing new, still a signal
@@ -145,8 +144,7 @@ TEST_F(LayerSelection, RememberedOrderGlobalNavigationPresetsAndFallback)
     layers().clearSelection(false);
     layers().setSelectedLayers({ board.panel(0, 0), board.panel(0, 1) }, { "BG", "A" }, false);
     layers().selectPreferedLayers({ board.panel(0, 0), board.panel(0, 1) }, false, false);
-    EXPECT_EQ(current(first), "BG");
-    EXPECT_EQ(current(second), "A");
+    EXPECT_EQ(QStringList({ current(first), current(second) }), QStringList({ "BG", "A" }));
 
     preferences->setBoolValue("ST_ENABLE_BRUSH_LAYER_SELECTION", true);
     layers().setBrushPresetLayer("Z");
@@ -165,9 +163,7 @@ TEST_F(LayerSelection, PitchModeLayerIsTheOneFlagged16)
     infos->setLayerFlags("C", static_cast<LAYER_FLAGS>(16));
     QSignalSpy info(&layers(), &Manager::layerInfoChanged);
     MO_Node const* pitch = layers().selectPitchModeLayer(board.panel(0, 0), true);
-    ASSERT_NE(pitch, nullptr);
-    EXPECT_EQ(pitch->instanceName(), "C");
-    EXPECT_EQ(engine(first), "C");
+    EXPECT_EQ(QStringList({ pitch ? pitch->instanceName() : QString(), engine(first) }), QStringList({ "C", "C" }));
     EXPECT_EQ(info.count(), 1);
     infos->setLayerFlags("D", static_cast<LAYER_FLAGS>(16));
     EXPECT_EQ(layers().getPitchModeLayer(first), nullptr); // two flagged count as none
@@ -191,18 +187,15 @@ TEST_F(LayerSelection, EveryOutputFormOfTheSelectedLayersSaysTheSame)
     layers().getSelectedLayers(ids, list, Manager::LayerType_All, false);
     layers().getSelectedLayers(ids, set, Manager::LayerType_All, false);
     layers().getSelectedLayers(ids, map, Manager::LayerType_All, false);
-    EXPECT_EQ(names(list), "A,B,D");
-    EXPECT_EQ(names(set), "A,B,D");
     ASSERT_EQ(map.size(), 2u);
-    EXPECT_EQ(names(map[board.panel(0, 0)]), "B,D");
-    EXPECT_EQ(names(map[board.panel(0, 1)]), "A");
+    EXPECT_EQ(QStringList({ names(list), names(set), names(map[board.panel(0, 0)]), names(map[board.panel(0, 1)]) }),
+        QStringList({ "A,B,D", "A,B,D", "B,D", "A" }));
 
     // A panel with nothing selected still gets its entry; an unknown id adds nothing.
     Manager::LayersByPanel onlySelected;
     EXPECT_EQ(layers().getSelectedLayers(board.panel(0, 1), onlySelected, Manager::LayerType_All, true), nullptr);
-    EXPECT_EQ(onlySelected.count(board.panel(0, 1)), 1u);
     EXPECT_EQ(layers().getSelectedLayers(SC_Id(), onlySelected, Manager::LayerType_All, false), nullptr);
-    EXPECT_EQ(onlySelected.size(), 1u);
+    EXPECT_TRUE(onlySelected.size() == 1u && onlySelected.count(board.panel(0, 1)) == 1u);
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <limits>
 
 #include <memory>
+#include <vector>
 
 using namespace Krolle;
 
@@ -50,35 +51,27 @@ std::unique_ptr<AT_FrameBlock> transitionBlock(quint64 id, quint32 first = 1, qu
 TEST(InvalidHandles, AnswerEmptyValuesWithoutAMessageAndShareTheStatics)
 {
     testing::internal::CaptureStdout();
+    Shot_t const& shot = Shot_t::invalid;
     EXPECT_TRUE(Shot_t().isInvalid());
-    EXPECT_EQ(0u, Shot_t::invalid.firstFrame());
-    EXPECT_EQ(1u, Shot_t::invalid.objNumOfFrame());
-    EXPECT_EQ(1.0, Shot_t::invalid.projectFrameToShotFrame(5));
-    EXPECT_EQ(5u, Shot_t::invalid.prjFrameToTvFrame(5));
-    EXPECT_EQ(1u, Shot_t::invalid.shotFrameToProjectFrame(12.0));
-    EXPECT_EQ(invalidId, Shot_t::invalid.sceneId());
-    EXPECT_EQ(nullptr, Shot_t::invalid.symbol());
-
+    EXPECT_EQ((std::vector<double> { double(shot.firstFrame()), double(shot.objNumOfFrame()),
+                  shot.projectFrameToShotFrame(5), double(shot.prjFrameToTvFrame(5)),
+                  double(shot.shotFrameToProjectFrame(12.0)) }),
+        (std::vector<double> { 0, 1, 1, 5, 1 }));
+    EXPECT_TRUE(shot.sceneId() == invalidId && !shot.symbol());
     EXPECT_EQ(0u, Panel_t::invalid.firstFrame());
     EXPECT_EQ(Shot_t::invalid, Panel_t::invalid.shot());
     EXPECT_EQ(1.0, Panel_t::invalid.projectFrameToPanelFrame(9));
-
-    EXPECT_EQ(-1, Trans_t::invalid.type());
-    EXPECT_EQ(0, Trans_t::invalid.angle());
-    EXPECT_FALSE(Trans_t::invalid.reverse());
-    EXPECT_TRUE(Trans_t::invalid.name().isNull());
-    EXPECT_EQ(nullptr, Trans_t::invalid.transitionSeq());
-
+    Trans_t const& trans = Trans_t::invalid;
+    EXPECT_TRUE(trans.type() == -1 && trans.angle() == 0 && !trans.reverse() && trans.name().isNull()
+        && !trans.transitionSeq());
     EXPECT_FALSE(PanelTrans_t(Panel_t::invalid).isValid());
-    EXPECT_TRUE(PanelTrans_t::invalid.isInvalid());
-    EXPECT_EQ(invalidId, PanelTrans_t::invalid.id());
+    EXPECT_TRUE(PanelTrans_t::invalid.isInvalid() && PanelTrans_t::invalid.id() == invalidId);
     EXPECT_EQ("", testing::internal::GetCapturedStdout());
 
     // Default handles share the static instances.
-    EXPECT_TRUE(sharePrivate(Shot_t(), Shot_t::invalid));
-    EXPECT_TRUE(sharePrivate(Panel_t(), Panel_t::invalid));
-    EXPECT_TRUE(sharePrivate(Trans_t(), Trans_t::invalid));
-    EXPECT_TRUE(sharePrivate(Panel_t::invalid.shot(), Shot_t::invalid));
+    EXPECT_TRUE(sharePrivate(Shot_t(), Shot_t::invalid) && sharePrivate(Panel_t(), Panel_t::invalid)
+        && sharePrivate(Trans_t(), Trans_t::invalid)
+        && sharePrivate(Panel_t::invalid.shot(), Shot_t::invalid));
     EXPECT_TRUE(SharedPtr<ShotPrivate>(static_cast<ShotPrivate*>(nullptr)).isInvalid());
 }
 

@@ -59,13 +59,10 @@ TEST(IteratorSurface, AnEmptyProjectBeginsAtItsEnd)
 {
     UT_SharedPtr<SC_Project> project = HostAuthoring::createProject();
     KRC_KrolleProject view(project.get());
-    EXPECT_TRUE(view.beginShot() == view.endShot());
-    EXPECT_TRUE(view.rbeginShot() == view.rendShot());
-    EXPECT_TRUE(view.beginPanel() == view.endPanel());
-    EXPECT_TRUE(view.beginTrans() == view.endTrans());
-    EXPECT_TRUE(view.beginPanelTrans() == view.endPanelTrans());
-    EXPECT_TRUE(view.rbeginPanelTrans() == view.rendPanelTrans());
-    EXPECT_TRUE(view.beginShotTrans() == view.endShotTrans());
+    EXPECT_TRUE(view.beginShot() == view.endShot() && view.rbeginShot() == view.rendShot()
+        && view.beginPanel() == view.endPanel() && view.beginTrans() == view.endTrans());
+    EXPECT_TRUE(view.beginPanelTrans() == view.endPanelTrans()
+        && view.rbeginPanelTrans() == view.rendPanelTrans() && view.beginShotTrans() == view.endShotTrans());
 }
 
 /// A mixed walk as text: "P<shot>.<panel>" or "S<shot>" on an object, "T<index>" on a
@@ -93,6 +90,13 @@ template <class Iterator> QStringList mixedWalk(ProjectBoard const& board, Itera
     return steps;
 }
 
+/// Where a mixed walker stands: its transition's id (0 for none), whether that lies
+/// after the object (false off transitions), and the object's id.
+template <class It> std::tuple<SC_Id, bool, SC_Id> place(It const& it)
+{
+    return { it.onTrans() ? it.trans.id() : SC_Id(), it.onTrans() && it.transAfterObject, it->id() };
+}
+
 TEST(MixedWalks, StopAtEachTransitionBetweenTwoObjects)
 {
     ProjectBoard board(QString::fromLatin1(kBoard));
@@ -112,19 +116,12 @@ TEST(MixedWalks, RetreatStopsOnTheTransitionAndAdvanceGoesBack)
     KRC_KrolleProject const& view = board.view();
     objTransIterator<Panel_t> it(board.panelAt(2, 0), Trans_t(), true, &board.view());
     it.retreat();
-    EXPECT_TRUE(it.onTrans());
-    EXPECT_EQ(board.transition(1), it.trans.id());
-    EXPECT_FALSE(it.transAfterObject);
-    EXPECT_EQ(board.panel(2, 0), it->id());
-
+    EXPECT_EQ(place(it), std::make_tuple(board.transition(1), false, board.panel(2, 0)));
     objTransIterator<Panel_t> forth = it;
     forth.advance();
-    EXPECT_FALSE(forth.onTrans());
-    EXPECT_EQ(board.panel(2, 0), forth->id());
-
+    EXPECT_EQ(place(forth), std::make_tuple(SC_Id(), false, board.panel(2, 0)));
     it.retreat();
-    EXPECT_FALSE(it.onTrans());
-    EXPECT_EQ(board.panel(1, 0), it->id());
+    EXPECT_EQ(place(it), std::make_tuple(SC_Id(), false, board.panel(1, 0)));
     EXPECT_TRUE(view.panelTransAt(8) == it);
     EXPECT_TRUE(view.panelTransAt(9) != it); // on the transition, not on the panel
 }
@@ -134,23 +131,17 @@ TEST(MixedWalks, TheEndsIncludeTransitionsBeyondTheFirstAndLastObject)
     ProjectBoard board(QString::fromLatin1(kBoard));
     objTransIterator<Panel_t> it(Panel_t(), Trans_t(), true, &board.view());
     it.toFirst();
-    EXPECT_EQ(board.transition(0), it.trans.id());
-    EXPECT_FALSE(it.transAfterObject);
-    EXPECT_EQ(board.panel(0, 0), it->id());
+    EXPECT_EQ(place(it), std::make_tuple(board.transition(0), false, board.panel(0, 0)));
     it.toLast();
-    EXPECT_EQ(board.transition(2), it.trans.id());
-    EXPECT_TRUE(it.transAfterObject);
-    EXPECT_EQ(board.panel(4, 1), it->id());
+    EXPECT_EQ(place(it), std::make_tuple(board.transition(2), true, board.panel(4, 1)));
 
     ProjectBoard plain(QStringLiteral("S[2] S[3]"));
     objTransIterator<Panel_t> none(Panel_t(), Trans_t(), true, &plain.view());
     none.toFirst();
-    EXPECT_FALSE(none.onTrans());
-    EXPECT_FALSE(none.transAfterObject);
-    EXPECT_EQ(plain.panel(0, 0), none->id());
+    EXPECT_EQ(place(none), std::make_tuple(SC_Id(), false, plain.panel(0, 0)));
     none.transAfterObject = true;
     none.toLast();
-    EXPECT_FALSE(none.onTrans());
+    EXPECT_EQ(place(none), std::make_tuple(SC_Id(), false, plain.panel(1, 0)));
     EXPECT_TRUE(none.transAfterObject);
 }
 
@@ -159,20 +150,13 @@ TEST(MixedWalks, AtAFrameOrIdStandOnTheTransitionNextToItsPanel)
     // S0 [1,10] with panels [1,5] [6,10], T1 [7,10], S1 [7,12].
     ProjectBoard board(QStringLiteral("S[5,5] T4 S[6]"));
     KRC_KrolleProject const& view = board.view();
-    for (unsigned frame : { 7u, 10u }) {
-        objTransIterator<Panel_t> const it = view.panelTransAt(frame);
-        EXPECT_EQ(board.transition(0), it.trans.id());
-        EXPECT_EQ(board.panel(0, 1), it->id()); // the panel that ends with it
-        EXPECT_TRUE(it.transAfterObject);
-    }
-    objTransIterator<Panel_t> const onPanel = view.panelTransAt(3);
-    EXPECT_FALSE(onPanel.onTrans());
-    EXPECT_EQ(board.panel(0, 0), onPanel->id());
-
+    for (unsigned frame : { 7u, 10u }) // beside the panel that ends with it
+        EXPECT_EQ(
+            place(view.panelTransAt(frame)), std::make_tuple(board.transition(0), true, board.panel(0, 1)));
+    EXPECT_EQ(place(view.panelTransAt(3)), std::make_tuple(SC_Id(), false, board.panel(0, 0)));
     EXPECT_TRUE(view.panelTransById(board.transition(0)) == view.panelTransAt(8));
-    objTransIterator<Panel_t> const byPanel = view.panelTransById(board.panel(1, 0));
-    EXPECT_FALSE(byPanel.onTrans());
-    EXPECT_EQ(board.panel(1, 0), byPanel->id());
+    EXPECT_EQ(
+        place(view.panelTransById(board.panel(1, 0))), std::make_tuple(SC_Id(), false, board.panel(1, 0)));
 }
 
 TEST(MixedWalks, ATransitionThatStartsAPanelStandsBeforeIt)
@@ -180,10 +164,7 @@ TEST(MixedWalks, ATransitionThatStartsAPanelStandsBeforeIt)
     // The leading transition ends inside the first panel: no panel ends with it, so it
     // stands before the panel that starts with it.
     ProjectBoard board(QStringLiteral("T2 S[5]"));
-    objTransIterator<Panel_t> const it = board->panelTransAt(1);
-    EXPECT_EQ(board.transition(0), it.trans.id());
-    EXPECT_EQ(board.panel(0, 0), it->id());
-    EXPECT_FALSE(it.transAfterObject);
+    EXPECT_EQ(place(board->panelTransAt(1)), std::make_tuple(board.transition(0), false, board.panel(0, 0)));
 }
 
 TEST(RangeLoops, CoverEveryKindOfWalk)

@@ -52,12 +52,12 @@ TEST(WarpedShot, ShowsTheCutPanelsAtTheirSequenceFrames)
 {
     ProjectBoard board(QStringLiteral("S[4,4,4]~3:9=7 S[2]"));
     EXPECT_TRUE(projectViewIsConsistent(board.view()));
-    Panel_t const first = board->getPanelAt(1, Prev);
-    EXPECT_EQ(1u, first.firstFrame()); // clamped to the shot's first frame
-    EXPECT_EQ(2u, first.lastFrame());
-    Panel_t const last = board->getPanelAt(7, Prev);
-    EXPECT_EQ(7u, last.firstFrame());
-    EXPECT_EQ(7u, last.lastFrame());
+    auto const frames = [&](unsigned frame) {
+        Panel_t const panel = board->getPanelAt(frame, Prev);
+        return std::make_pair(panel.firstFrame(), panel.lastFrame());
+    };
+    EXPECT_EQ(std::make_pair(1u, 2u), frames(1)); // clamped to the shot's first frame
+    EXPECT_EQ(std::make_pair(7u, 7u), frames(7));
 }
 
 TEST(PanelIn, LooksBesideTheShotAtFrameZeroAndNotPastItsLength)
@@ -66,8 +66,7 @@ TEST(PanelIn, LooksBesideTheShotAtFrameZeroAndNotPastItsLength)
     Shot_t const shot = board->getShotAt(1, Prev);
     MessageCapture messages;
     EXPECT_EQ(board.panel(0, 0), board->getPanelIn(shot, 0).id()); // sequence frame 2, before the warp
-    EXPECT_TRUE(board->getPanelIn(shot, 8).isInvalid());
-    EXPECT_TRUE(board->getPanelIn(Shot_t::invalid, 1).isInvalid());
+    EXPECT_TRUE(board->getPanelIn(shot, 8).isInvalid() && board->getPanelIn(Shot_t::invalid, 1).isInvalid());
     EXPECT_EQ(0, messages.count());
 }
 
@@ -88,8 +87,8 @@ TEST(PanelIn, AShotWithoutPanelsIsQuietAndAMissingSymbolIsReported)
     ASSERT_EQ(1, messages.count());
     EXPECT_EQ(5, messages.messages().at(0).action);
     EXPECT_TRUE(messages.texts().at(0).startsWith(
-        QStringLiteral("Invalid search for a panel at frame 3 of shot named ")));
-    EXPECT_TRUE(messages.texts().at(0).endsWith(QStringLiteral("... nothing can be found there")));
+                    QStringLiteral("Invalid search for a panel at frame 3 of shot named "))
+        && messages.texts().at(0).endsWith(QStringLiteral("... nothing can be found there")));
 }
 
 TEST(ShotAt, ATransitionWhoseNeighbourDoesNotReachTheFrameGivesNothing)
@@ -98,8 +97,7 @@ TEST(ShotAt, ATransitionWhoseNeighbourDoesNotReachTheFrameGivesNothing)
     board.timeline()->insertBlock(
         1, std::make_unique<AT_FrameBlock>(20, 23, std::make_unique<AT_TransitionSeq>(SC_Id(999), 0)));
     board.notify();
-    EXPECT_TRUE(board->getShotAt(21, Prev).isInvalid());
-    EXPECT_TRUE(board->getShotAt(21, Next).isInvalid());
+    EXPECT_TRUE(board->getShotAt(21, Prev).isInvalid() && board->getShotAt(21, Next).isInvalid());
     EXPECT_TRUE(board->getTransAt(21).isInvalid()); // a single block has no transition
 }
 
@@ -109,18 +107,15 @@ TEST(Caches, EnabledShareHandlesAndDisabledBuildFreshOnes)
     Shot_t const shot = board->getShotAt(3, Prev);
     Panel_t const panel = board->getPanelAt(3, Prev);
     Trans_t const transition = board->getTransAt(8);
-    EXPECT_TRUE(sharePrivate(shot, board->getShotAt(4, Next)));
-    EXPECT_TRUE(sharePrivate(panel.shot(), shot));
-    EXPECT_TRUE(sharePrivate(panel, board->getPanelAt(4, Prev)));
-    EXPECT_TRUE(sharePrivate(transition, board->getTransAt(9)));
+    EXPECT_TRUE(sharePrivate(shot, board->getShotAt(4, Next)) && sharePrivate(panel.shot(), shot)
+        && sharePrivate(panel, board->getPanelAt(4, Prev)) && sharePrivate(transition, board->getTransAt(9)));
 
     board->setCacheEnabled(false);
     EXPECT_FALSE(board->cacheEnabled());
     Shot_t const fresh = board->getShotAt(3, Prev);
-    EXPECT_EQ(shot, fresh);
-    EXPECT_FALSE(sharePrivate(fresh, board->getShotAt(3, Prev)));
-    EXPECT_EQ(panel, board->getPanelAt(3, Prev));
-    EXPECT_FALSE(sharePrivate(panel, board->getPanelAt(3, Prev)));
+    EXPECT_TRUE(shot == fresh && panel == board->getPanelAt(3, Prev));
+    EXPECT_FALSE(
+        sharePrivate(fresh, board->getShotAt(3, Prev)) || sharePrivate(panel, board->getPanelAt(3, Prev)));
 
     board->setCacheEnabled(true);
     Shot_t const again = board->getShotAt(3, Prev);
@@ -130,8 +125,7 @@ TEST(Caches, EnabledShareHandlesAndDisabledBuildFreshOnes)
     board->invalidate();
     Shot_t const renewed = board->getShotAt(3, Prev);
     EXPECT_FALSE(sharePrivate(renewed, again));
-    EXPECT_EQ(again, renewed);
-    EXPECT_TRUE(again.isValid());
+    EXPECT_TRUE(again == renewed && again.isValid());
 }
 
 TEST(Caches, OnlyTheTimelinesOwnSequenceDropsThemBeforeSceneChanged)
@@ -165,17 +159,15 @@ TEST(Edits, TheViewFollowsEveryEditAfterNotify)
         { "resize a shot",
             [&](ProjectBoard& b) { return HostAuthoring::resizeShot(project, b.shot(1), 9); } },
         { "add a panel",
-            [&](ProjectBoard& b) {
-                return HostAuthoring::insertPanel(project, b.shot(2), 0, 3).value() != 0;
-            } },
+            [&](ProjectBoard& b) { return HostAuthoring::insertPanel(project, b.shot(2), 0, 3).value(); } },
         { "remove a transition",
             [&](ProjectBoard& b) { return HostAuthoring::removeTransition(project, b.transition(1)); } },
         { "cut panels with a warp",
             [&](ProjectBoard& b) { return HostAuthoring::setTimeWarp(project, b.shot(0), 1.0, 7.0); } },
         { "add a transition",
-            [&](ProjectBoard&) { return HostAuthoring::insertTransition(project, 2, 2).value() != 0; } },
+            [&](ProjectBoard&) { return HostAuthoring::insertTransition(project, 2, 2).value(); } },
         { "move a shot", [&](ProjectBoard& b) { return HostAuthoring::moveShot(project, b.shot(2), 1); } },
-        { "remove a shot", [&](ProjectBoard& b) { return HostAuthoring::removeShot(project, b.shot(1)); } },
+        { "remove a shot", [&](ProjectBoard& b) { return HostAuthoring::removeShot(project, b.shot(1)); } }
     };
     MessageCapture messages;
     EXPECT_TRUE(projectViewIsConsistent(board.view()));
@@ -212,6 +204,7 @@ TEST_P(WarmFromTheBack, AnswerAsTheEngineWithTheFirstHandles)
 }
 
 INSTANTIATE_TEST_SUITE_P(Timelines, WarmFromTheBack,
-    ::testing::Values(kTransitions, "S[4,4,4]~3:9=7 S[2]", "S[4,4]~2.5:7=5 T1 S[3,1]", "S[3,3]~1:4=2 S[5]~2:5"));
+    ::testing::Values(
+        kTransitions, "S[4,4,4]~3:9=7 S[2]", "S[4,4]~2.5:7=5 T1 S[3,1]", "S[3,3]~1:4=2 S[5]~2:5"));
 
 } // namespace

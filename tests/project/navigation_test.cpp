@@ -35,13 +35,11 @@ struct ShotSteps
     unsigned actLength, sequenceLength;
 };
 
-ShotSteps const kShotSteps[] = {
-    { 1, -1, 0, 2, 0, 1, -1, 2, { false, true }, { false, true }, 3, 2 },
+ShotSteps const kShotSteps[] = { { 1, -1, 0, 2, 0, 1, -1, 2, { false, true }, { false, true }, 3, 2 },
     { 2, 0, 0, 2, 0, 1, -1, 2, { true, true }, { true, false }, 3, 2 },
     { 3, 1, 0, 2, 2, 3, 0, 4, { true, false }, { false, true }, 3, 2 },
     { 4, 2, 3, 4, 2, 3, 0, 4, { false, true }, { true, false }, 2, 2 },
-    { -1, 3, 3, 4, 4, 4, 2, -1, { true, false }, { false, false }, 2, 1 },
-};
+    { -1, 3, 3, 4, 4, 4, 2, -1, { true, false }, { false, false }, 2, 1 } };
 
 TEST_P(Navigation, ShotsStepThroughActsAndSequences)
 {
@@ -50,14 +48,12 @@ TEST_P(Navigation, ShotsStepThroughActsAndSequences)
         SCOPED_TRACE(testing::Message() << "shot " << i);
         ShotSteps const& c = kShotSteps[i];
         Shot_t const s = board.shotAt(size_t(i));
-        EXPECT_EQ(shot(c.next), view.next(s).id());
-        EXPECT_EQ(shot(c.prev), view.prev(s).id());
-        EXPECT_EQ(shot(c.firstInAct), view.firstInAct(s).id());
-        EXPECT_EQ(shot(c.lastInAct), view.lastInAct(s).id());
-        EXPECT_EQ(shot(c.firstInSequence), view.firstInSequence(s).id());
-        EXPECT_EQ(shot(c.lastInSequence), view.lastInSequence(s).id());
-        EXPECT_EQ(shot(c.firstInPrevSequence), view.firstInPrevSequence(s).id());
-        EXPECT_EQ(shot(c.firstInNextSequence), view.firstInNextSequence(s).id());
+        EXPECT_EQ((std::vector<SC_Id> { shot(c.next), shot(c.prev), shot(c.firstInAct), shot(c.lastInAct),
+                      shot(c.firstInSequence), shot(c.lastInSequence), shot(c.firstInPrevSequence),
+                      shot(c.firstInNextSequence) }),
+            (std::vector<SC_Id> { view.next(s).id(), view.prev(s).id(), view.firstInAct(s).id(),
+                view.lastInAct(s).id(), view.firstInSequence(s).id(), view.lastInSequence(s).id(),
+                view.firstInPrevSequence(s).id(), view.firstInNextSequence(s).id() }));
         for (bool forward : { false, true }) {
             EXPECT_EQ(c.actGoesOn[forward], view.hasMoreKRSceneInCurKRAct(s, forward));
             EXPECT_EQ(c.sequenceGoesOn[forward], view.hasMoreKRSceneInCurKRSequence(s, forward));
@@ -136,15 +132,8 @@ struct BesideCase
 TEST_P(Navigation, TransitionsBesidePanelsAndShots)
 {
     KRC_KrolleProject const& view = board.view();
-    BesideCase const cases[] = {
-        { { 0, 0 }, -1, 0 },
-        { { 0, 1 }, -1, -1 },
-        { { 1, 0 }, 1, -1 },
-        { { 2, 0 }, -1, 1 },
-        { { 2, 1 }, -1, -1 },
-        { { 3, 0 }, -1, -1 },
-        { { 4, 1 }, 2, -1 },
-    };
+    BesideCase const cases[] = { { { 0, 0 }, -1, 0 }, { { 0, 1 }, -1, -1 }, { { 1, 0 }, 1, -1 },
+        { { 2, 0 }, -1, 1 }, { { 2, 1 }, -1, -1 }, { { 3, 0 }, -1, -1 }, { { 4, 1 }, 2, -1 } };
     auto const trans = [&](int index) { return index < 0 ? invalidId : board.transition(size_t(index)); };
     for (BesideCase const& c : cases) {
         SCOPED_TRACE(testing::Message() << "panel " << c.at.shot << "." << c.at.panel);
@@ -158,10 +147,8 @@ TEST_P(Navigation, TransitionsBesidePanelsAndShots)
         EXPECT_EQ(c.following >= 0, view.isFollowedByTrans(p));
     }
     Trans_t out;
-    EXPECT_TRUE(view.isFollowedByTrans(board.shotAt(1), &out));
-    EXPECT_EQ(trans(1), out.id());
-    EXPECT_TRUE(view.isPrecededByTrans(board.shotAt(0), &out));
-    EXPECT_EQ(trans(0), out.id());
+    EXPECT_TRUE(view.isFollowedByTrans(board.shotAt(1), &out) && out.id() == trans(1));
+    EXPECT_TRUE(view.isPrecededByTrans(board.shotAt(0), &out) && out.id() == trans(0));
     EXPECT_FALSE(view.isFollowedByTrans(board.shotAt(2), &out));
     EXPECT_TRUE(out.isInvalid());
     EXPECT_FALSE(view.isFollowedByTrans(Panel_t::invalid, &out));
@@ -172,14 +159,11 @@ TEST_P(Navigation, TransitionsStepFromEndToEnd)
     KRC_KrolleProject const& view = board.view();
     Trans_t const t0 = view.first(Trans_t::invalid);
     Trans_t const t2 = view.last(Trans_t::invalid);
-    EXPECT_EQ(board.transition(0), t0.id());
-    EXPECT_EQ(board.transition(2), t2.id());
-    EXPECT_EQ(board.transition(1), view.next(t0).id());
-    EXPECT_EQ(board.transition(2), view.next(view.next(t0)).id());
-    EXPECT_TRUE(view.next(t2).isInvalid());
-    EXPECT_TRUE(view.prev(t0).isInvalid());
-    EXPECT_EQ(board.transition(1), view.prev(t2).id());
-    EXPECT_TRUE(view.next(Trans_t::invalid).isInvalid());
+    EXPECT_EQ(
+        (std::vector<SC_Id> { t0.id(), view.next(t0).id(), view.next(view.next(t0)).id(), t2.id(),
+            view.prev(t2).id(), view.next(t2).id(), view.prev(t0).id(), view.next(Trans_t::invalid).id() }),
+        (std::vector<SC_Id> { board.transition(0), board.transition(1), board.transition(2),
+            board.transition(2), board.transition(1), invalidId, invalidId, invalidId }));
 }
 
 TEST_P(Navigation, WithoutSequencesOnlyActsRun)
@@ -188,13 +172,10 @@ TEST_P(Navigation, WithoutSequencesOnlyActsRun)
     view.sequenceExistsMeta()->setValue(false);
     Shot_t const s = board.shotAt(1);
     Panel_t const p = board.panelAt(1, 0);
-    EXPECT_TRUE(view.firstInSequence(s).isInvalid());
-    EXPECT_TRUE(view.lastInSequence(p).isInvalid());
-    EXPECT_TRUE(view.firstInNextSequence(s).isInvalid());
-    EXPECT_FALSE(view.hasMoreKRSceneInCurKRSequence(s, false));
-    EXPECT_FALSE(view.hasMoreKRPanelInCurKRSequence(p, true));
-    EXPECT_EQ(0u, view.numOfKRScenesInCurKRSequence(s));
-    EXPECT_EQ(0u, view.numOfKRPanelsInCurKRSequence(p));
+    EXPECT_TRUE(view.firstInSequence(s).isInvalid() && view.lastInSequence(p).isInvalid()
+        && view.firstInNextSequence(s).isInvalid());
+    EXPECT_FALSE(view.hasMoreKRSceneInCurKRSequence(s, false) || view.hasMoreKRPanelInCurKRSequence(p, true));
+    EXPECT_EQ(0u, view.numOfKRScenesInCurKRSequence(s) + view.numOfKRPanelsInCurKRSequence(p));
     EXPECT_EQ(board.shot(0), view.firstInAct(s).id());
     EXPECT_EQ(3u, view.numOfKRScenesInCurKRAct(s));
 }

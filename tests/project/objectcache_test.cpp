@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <numeric>
 #include <vector>
 
 using Krolle::ObjectCache;
@@ -27,46 +28,6 @@ struct FindCase
     int back; // ... without takeFront
 };
 
-class ObjectCacheFrames : public testing::TestWithParam<FindCase>
-{
-};
-
-TEST_P(ObjectCacheFrames, CollectFromTheLatestStartBack)
-{
-    FindCase const& c = GetParam();
-    std::vector<std::unique_ptr<AT_FrameBlock>> blocks;
-    std::vector<Trans_t> handles;
-    ObjectCache<Trans_t> cache;
-    for (size_t i = 0; i < c.entries.size(); ++i) {
-        Interval const& e = c.entries[i];
-        blocks.push_back(std::make_unique<AT_FrameBlock>(
-            e.first, e.first + e.length - 1, std::make_unique<AT_TransitionSeq>(SC_Id(i + 1), 0)));
-        handles.emplace_back(blocks.back().get());
-        cache.insert(e.first, e.length, handles.back());
-    }
-    auto const expected = [&](int index) { return index < 0 ? Trans_t::invalid : handles[size_t(index)]; };
-    EXPECT_EQ(expected(c.front), cache.findByFrame(c.frame, true));
-    EXPECT_EQ(expected(c.back), cache.findByFrame(c.frame, false));
-    for (size_t i = 0; i < handles.size(); ++i)
-        EXPECT_EQ(handles[i], cache.findById(SC_Id(i + 1)));
-}
-
-INSTANTIATE_TEST_SUITE_P(Caches, ObjectCacheFrames,
-    testing::Values(FindCase { "empty", {}, 3, -1, -1 }, FindCase { "inside", { { 1, 10 } }, 5, 0, 0 },
-        FindCase { "first frame", { { 4, 3 } }, 4, 0, 0 }, FindCase { "last frame", { { 4, 3 } }, 6, 0, 0 },
-        FindCase { "before all", { { 4, 3 } }, 3, -1, -1 }, FindCase { "after all", { { 4, 3 } }, 7, -1, -1 },
-        FindCase { "in a gap", { { 1, 3 }, { 8, 2 } }, 5, -1, -1 },
-        FindCase { "overlap: front is the latest start", { { 1, 10 }, { 8, 5 } }, 9, 1, 0 },
-        FindCase { "overlap of three", { { 1, 10 }, { 5, 10 }, { 8, 5 } }, 9, 2, 0 },
-        FindCase { "stops at the first entry not covering", { { 1, 10 }, { 3, 2 }, { 8, 5 } }, 9, 2, 2 },
-        FindCase { "same start", { { 4, 2 }, { 4, 6 } }, 5, 1, 0 }),
-    [](testing::TestParamInfo<FindCase> const& info) {
-        std::string name = info.param.what;
-        for (char& c : name)
-            c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
-        return name;
-    });
-
 /// Blocks over `entries` (ids counting from 1) and a cache filled in `order`.
 struct FilledCache
 {
@@ -84,6 +45,41 @@ struct FilledCache
             cache.insert(entries[i].first, entries[i].length, Trans_t(blocks[i].get()));
     }
 };
+
+class ObjectCacheFrames : public testing::TestWithParam<FindCase>
+{
+};
+
+TEST_P(ObjectCacheFrames, CollectFromTheLatestStartBack)
+{
+    FindCase const& c = GetParam();
+    std::vector<size_t> order(c.entries.size());
+    std::iota(order.begin(), order.end(), size_t(0));
+    FilledCache const filled(c.entries, order);
+    auto const expected = [&](int index) {
+        return index < 0 ? Trans_t::invalid : Trans_t(filled.blocks[size_t(index)].get());
+    };
+    EXPECT_EQ(expected(c.front), filled.cache.findByFrame(c.frame, true));
+    EXPECT_EQ(expected(c.back), filled.cache.findByFrame(c.frame, false));
+    for (size_t i = 0; i < order.size(); ++i)
+        EXPECT_EQ(expected(int(i)), filled.cache.findById(SC_Id(i + 1)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Caches, ObjectCacheFrames,
+    testing::Values(FindCase { "empty", {}, 3, -1, -1 }, FindCase { "inside", { { 1, 10 } }, 5, 0, 0 },
+        FindCase { "first frame", { { 4, 3 } }, 4, 0, 0 }, FindCase { "last frame", { { 4, 3 } }, 6, 0, 0 },
+        FindCase { "before all", { { 4, 3 } }, 3, -1, -1 }, FindCase { "after all", { { 4, 3 } }, 7, -1, -1 },
+        FindCase { "in a gap", { { 1, 3 }, { 8, 2 } }, 5, -1, -1 },
+        FindCase { "overlap: front is the latest start", { { 1, 10 }, { 8, 5 } }, 9, 1, 0 },
+        FindCase { "overlap of three", { { 1, 10 }, { 5, 10 }, { 8, 5 } }, 9, 2, 0 },
+        FindCase { "stops at the first entry not covering", { { 1, 10 }, { 3, 2 }, { 8, 5 } }, 9, 2, 2 },
+        FindCase { "same start", { { 4, 2 }, { 4, 6 } }, 5, 1, 0 }),
+    [](testing::TestParamInfo<FindCase> const& info) {
+        std::string name = info.param.what;
+        for (char& c : name)
+            c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+        return name;
+    });
 
 std::vector<Interval> const kRun = { { 1, 10 }, { 8, 5 }, { 13, 1 }, { 14, 6 }, { 14, 2 }, { 25, 3 } };
 
@@ -133,13 +129,11 @@ TEST(ObjectCache, DisabledStoresAndFindsNothing)
     cache.enabled = true;
     cache.insert(1, 5, Trans_t(block.get()));
     cache.enabled = false;
-    EXPECT_TRUE(cache.findByFrame(3, true).isInvalid());
-    EXPECT_TRUE(cache.findById(SC_Id(3)).isInvalid());
+    EXPECT_TRUE(cache.findByFrame(3, true).isInvalid() && cache.findById(SC_Id(3)).isInvalid());
     cache.enabled = true;
     EXPECT_TRUE(cache.findById(SC_Id(3)).isValid());
     cache.clear();
-    EXPECT_TRUE(cache.findById(SC_Id(3)).isInvalid());
-    EXPECT_TRUE(cache.findByFrame(3, true).isInvalid());
+    EXPECT_TRUE(cache.findById(SC_Id(3)).isInvalid() && cache.findByFrame(3, true).isInvalid());
 }
 
 } // namespace

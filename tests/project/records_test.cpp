@@ -44,13 +44,11 @@ TEST(ProjectRecords, TextAndStartTimeRecordsAreMadeOnceOnFirstRead)
         QString const name = QString::fromLatin1(r.name);
         EXPECT_EQ(0, recordsNamed(board.project(), name));
         EXPECT_TRUE(r.value(board.view()).isEmpty());
-        EXPECT_EQ(1, recordsNamed(board.project(), name));
         PIO_MetadataString* record = r.record(board.view());
-        EXPECT_EQ(name, record->metaName());
         record->setValue(name + QStringLiteral(" value"));
-        EXPECT_EQ(name + QStringLiteral(" value"), r.value(board.view()));
-        EXPECT_EQ(record, r.record(board.view()));
-        EXPECT_EQ(1, recordsNamed(board.project(), name));
+        EXPECT_TRUE(name == record->metaName() && record == r.record(board.view()));
+        EXPECT_EQ(std::make_pair(name + QStringLiteral(" value"), 1),
+            std::make_pair(r.value(board.view()), recordsNamed(board.project(), name)));
     }
     EXPECT_EQ(0, board->startTime());
     EXPECT_EQ(1, recordsNamed(board.project(), QStringLiteral("projectStartTime")));
@@ -74,14 +72,9 @@ TEST(ProjectRecords, TheFirstFilmWidthReadFixesTheDefault)
 TEST(ProjectRecords, AViewWithoutAProjectHasEmptyValuesAndFindsNothing)
 {
     KRC_KrolleProject view(nullptr);
-    EXPECT_EQ(nullptr, view.topSceneTv());
-    EXPECT_TRUE(view.getShotAt(1, KRC_KrolleProject::PreferPrevious).isInvalid());
-    EXPECT_TRUE(view.getPanelTransAt(1).isInvalid());
-    EXPECT_TRUE(view.name().isNull());
-    EXPECT_EQ(nullptr, view.titleMeta());
-    EXPECT_TRUE(view.title().isNull());
-    EXPECT_EQ(0, view.startTime());
-    EXPECT_FALSE(view.sequenceExists());
+    EXPECT_TRUE(!view.topSceneTv() && view.getShotAt(1, KRC_KrolleProject::PreferPrevious).isInvalid()
+        && view.getPanelTransAt(1).isInvalid() && view.name().isNull() && !view.titleMeta()
+        && view.title().isNull() && view.startTime() == 0 && !view.sequenceExists());
     EXPECT_EQ(1.4173228346456694, view.filmWidth());
 }
 
@@ -102,14 +95,13 @@ TEST(NamesAtFrames, AreTheStoredNamesCustomOrNot)
     board.nameShot(1, QString(), QStringLiteral("SEQ"), QStringLiteral("ACT"));
     KRC_SceneInfo* info = board.shotAt(0).sceneInfo();
     info->actName().setValue(QStringLiteral("stored")); // not custom
-    EXPECT_EQ(QStringLiteral("stored"), board->getActNameAt(1, KRC_KrolleProject::PreferPrevious));
-    EXPECT_EQ(QStringLiteral("0"), board.shotAt(0).actName());
-    EXPECT_TRUE(board->getSequenceNameAt(1, KRC_KrolleProject::PreferPrevious).isEmpty());
-    // Under the transition each side has its own.
-    EXPECT_EQ(QStringLiteral("stored"), board->getActNameAt(2, KRC_KrolleProject::PreferPrevious));
-    EXPECT_EQ(QStringLiteral("ACT"), board->getActNameAt(2, KRC_KrolleProject::PreferNext));
-    EXPECT_EQ(QStringLiteral("SEQ"), board->getSequenceNameAt(4, KRC_KrolleProject::PreferNext));
-    EXPECT_TRUE(board->getActNameAt(99, KRC_KrolleProject::PreferNext).isNull());
+    auto const prev = KRC_KrolleProject::PreferPrevious, next = KRC_KrolleProject::PreferNext;
+    // Under the transition (frame 2) each side has its own.
+    EXPECT_EQ((QStringList { "stored", "0", "", "stored", "ACT", "SEQ" }),
+        (QStringList { board->getActNameAt(1, prev), board.shotAt(0).actName(),
+            board->getSequenceNameAt(1, prev), board->getActNameAt(2, prev), board->getActNameAt(2, next),
+            board->getSequenceNameAt(4, next) }));
+    EXPECT_TRUE(board->getActNameAt(99, next).isNull());
 }
 
 TEST(CacheGuards, NestAndPutBackWhatTheyFound)
