@@ -33,17 +33,13 @@ TEST(BaseMessage, ArgsFillMarkersInNumberOrder)
         char const* format;
         QStringList values;
         char const* expected;
-    } const cases[] = {
-        { "%1 and %2", { "a", "b" }, "a and b" },
-        { "%2 before %1", { "a", "b" }, "b before a" },
-        { "%1 twice %1", { "x" }, "x twice x" },
+    } const cases[] = { { "%1 and %2", { "a", "b" }, "a and b" },
+        { "%2 before %1", { "a", "b" }, "b before a" }, { "%1 twice %1", { "x" }, "x twice x" },
         { "%1 then %2", { "%2", "b" }, "%2 then b" }, // values are never re-scanned
         { "%1 and %2", { "a" }, "a and %2" }, // missing value keeps the marker
         { "%3 skips", { "a" }, "a skips" }, // lowest marker present comes first
-        { "%10 %9", { "a", "b" }, "b a" },
-        { "100% of %1", { "it" }, "100% of it" },
-        { "%0 %1", { "a" }, "%0 a" },
-    };
+        { "%10 %9", { "a", "b" }, "b a" }, { "100% of %1", { "it" }, "100% of it" },
+        { "%0 %1", { "a" }, "%0 a" } };
     for (auto const& c : cases) {
         MSG_Text text(c.format, QString::fromUtf8(c.format));
         for (QString const& value : c.values)

@@ -124,9 +124,7 @@ TEST_F(EngineProjectFile, refusedDocumentGivesNoProjectAndNamesThePlace)
     {
         char const* xml;
         char const* message; // a part of the error
-    } const cases[] = {
-        { "", "" },
-        { "this is no xml", "" },
+    } const cases[] = { { "", "" }, { "this is no xml", "" },
         { ROOT SCENES_OK, "" }, // cut short, as a truncated file is
         { "<project/>", "no engine project" },
         { "<engineProject version=\"2\" nextId=\"9\"/>", "version \"2\"" },
@@ -163,8 +161,7 @@ TEST_F(EngineProjectFile, refusedDocumentGivesNoProjectAndNamesThePlace)
         { ROOT "<defaultCamera matrix=\"1 0 0\"/>" END, "16 numbers" },
         { ROOT "<scene id=\"1\"><sequence/><sequence/></scene>" END, "<sequence> is given twice" },
         { ROOT "<scene id=\"1\"/>" END "<more/>", "" },
-        { "<!DOCTYPE p [<!ENTITY x \"y\">]>" ROOT "<scene id=\"1\"/><metadatas>&x;</metadatas>" END, "" },
-    };
+        { "<!DOCTYPE p [<!ENTITY x \"y\">]>" ROOT "<scene id=\"1\"/><metadatas>&x;</metadatas>" END, "" } };
     for (auto const& c : cases) {
         QString error;
         EXPECT_FALSE(HostProjectFile::fromXml(QByteArray(c.xml), &error)) << c.xml;
@@ -190,7 +187,8 @@ TEST_F(EngineProjectFile, sceneChainsLongerThanSixteenAreRefused)
             document += scene(bottomUp ? length + 2 - i : i);
         return document + END;
     };
-    for (auto const& [length, loads] : { std::pair(16, true), std::pair(17, false), std::pair(1000, false) }) {
+    for (auto const& [length, loads] :
+        { std::pair(16, true), std::pair(17, false), std::pair(1000, false) }) {
         for (bool bottomUp : { false, true }) {
             QString error;
             EXPECT_EQ(bool(HostProjectFile::fromXml(chain(length, bottomUp), &error)), loads)

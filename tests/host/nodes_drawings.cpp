@@ -171,17 +171,14 @@ TEST(NodesCelKeyTest, EquivalenceMeansOneDrawingAcrossKeyClasses)
         CA_CelKey a, b;
         bool equivalent;
     };
-    const Case cases[] = {
-        { elementKey(1, 2, "/p/x.kvg"), elementKey(1, 2, "/p/y.kvg"), true },
+    const Case cases[] = { { elementKey(1, 2, "/p/x.kvg"), elementKey(1, 2, "/p/y.kvg"), true },
         { elementKey(1, 2, "/p/x.kvg"), elementKey(1, 3, "/p/x.kvg"), false },
         { pathKey("/p/a.png"), pathKey("/p/./b/../a.png", 1, true), true },
         { pathKey("/p/a.png"), pathKey("/p/a.png", 2), false },
         { elementKey(1, 2, "/p/a.png"), pathKey("/p/a.png"), true },
         { pathKey("/p/a.png"), elementKey(1, 2, "/p/a.png"), true },
         { elementKey(1, 2, ""), pathKey(""), false },
-        { elementKey(1, 2, "/p/a.png"), pathKey("/p/b.png"), false },
-        { CA_CelKey(), CA_CelKey(), false },
-    };
+        { elementKey(1, 2, "/p/a.png"), pathKey("/p/b.png"), false }, { CA_CelKey(), CA_CelKey(), false } };
     for (Case const& c : cases)
         EXPECT_EQ(c.equivalent, c.a.isEquivalent(c.b))
             << c.a.toString().toStdString() << " " << c.b.toString().toStdString();

@@ -82,16 +82,11 @@ TEST_F(NodesVisitorTest, DefaultVisitsFallBackToTheBaseClass)
         bool overrideElement;
         const char* end;
     };
-    const Case cases[] = {
-        { "TUPegModule", false, "MO_AnimatedModule" },
-        { "TUPegModule", true, "MO_AnimatedModule" },
-        { "MO_ElementModule", false, "MO_AnimatedModule" },
-        { "MO_ElementModule", true, "MO_ElementModule" },
-        { "MO_AnimatedModule", false, "MO_AnimatedModule" },
-        { "TUCompositeModule", false, "MO_Module" },
-        { "TUCameraModule", true, "MO_Module" },
-        { "MO_Module", false, "MO_Module" },
-    };
+    const Case cases[] = { { "TUPegModule", false, "MO_AnimatedModule" },
+        { "TUPegModule", true, "MO_AnimatedModule" }, { "MO_ElementModule", false, "MO_AnimatedModule" },
+        { "MO_ElementModule", true, "MO_ElementModule" }, { "MO_AnimatedModule", false, "MO_AnimatedModule" },
+        { "TUCompositeModule", false, "MO_Module" }, { "TUCameraModule", true, "MO_Module" },
+        { "MO_Module", false, "MO_Module" } };
     for (Case const& c : cases) {
         UT_SharedPtr<MO_Node> node(MO_ModuleFactory::create(c.type, common(), "n"));
         FallbackRecorder recorder(c.overrideElement);

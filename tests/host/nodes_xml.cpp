@@ -157,8 +157,7 @@ TEST_F(NodesXmlTest, BadInputIsRefusedWholeWithItsPlace)
     const char* good = "<node type=\"TUPegModule\" id=\"1\" name=\"ok\"/>\n";
     const QString el = "MO_ElementModule";
     const QString drawing = "<drawing id=\"1\" file=\"a\"/>";
-    const Case cases[] = {
-        { "not well formed", peg({}, "\n</nodes>"), "" },
+    const Case cases[] = { { "not well formed", peg({}, "\n</nodes>"), "" },
         { "unknown type", node("MO_Node"), "unknown node type" },
         { "no id", "<node type=\"TUPegModule\" name=\"a\"/>", "lacks the attribute \"id\"" },
         { "id twice", "<node type=\"TUPegModule\" id=\"1\" name=\"a\"/>", "node id 1 is used twice" },
@@ -191,8 +190,7 @@ TEST_F(NodesXmlTest, BadInputIsRefusedWholeWithItsPlace)
         { "alignment out of range", peg(" cameraAlignment=\"9\""), "bad value \"9\"" },
         { "opacity out of range", node(el, " opacity=\"150\""), "bad opacity" },
         { "opacity on a peg", peg(" opacity=\"50\""), "bad opacity" },
-        { "unknown element", "<layer/>", "unexpected element <layer>" },
-    };
+        { "unknown element", "<layer/>", "unexpected element <layer>" } };
     for (Case const& c : cases) {
         NodeBench bench;
         Author::addPeg(bench.root(), "before");

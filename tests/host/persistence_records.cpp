@@ -134,15 +134,10 @@ TEST(PersistenceCollection, LookupByTypeAndName)
         char const* type;
         char const* name; // nullptr: no name
         PIO_Metadata* expected;
-    } const cases[] = {
-        { "string", nullptr, nameless },
+    } const cases[] = { { "string", nullptr, nameless },
         { "string", "string", nameless }, // a nameless record answers to its type
-        { "string", "projectTitle", title },
-        { "bool", "projectTitle", flag },
-        { "bool", "bool", nullptr },
-        { "int", nullptr, nullptr },
-        { "String", nullptr, nullptr },
-    };
+        { "string", "projectTitle", title }, { "bool", "projectTitle", flag }, { "bool", "bool", nullptr },
+        { "int", nullptr, nullptr }, { "String", nullptr, nullptr } };
     for (Case const& c : cases)
         EXPECT_EQ(metas.metadata(QString::fromUtf8(c.type), QString::fromUtf8(c.name)), c.expected)
             << c.type << '/' << (c.name ? c.name : "-");

@@ -26,16 +26,14 @@ TEST(Prefs, GettersConvertOrFallBackToTheDefault)
         int asInt;
         double asDouble;
         char const* asString;
-    } const cases[] = {
-        { [](PR_Preference&) {}, true, -1, -1.5, "default" },
+    } const cases[] = { { [](PR_Preference&) {}, true, -1, -1.5, "default" },
         { [](PR_Preference& p) { p.setBoolValue(key, false); }, false, 0, -1.5, "false" },
         { [](PR_Preference& p) { p.setIntValue(key, 0); }, false, 0, 0.0, "0" },
         { [](PR_Preference& p) { p.setIntValue(key, 7); }, true, 7, 7.0, "7" },
         { [](PR_Preference& p) { p.setDoubleValue(key, 0.25); }, true, -1, 0.25, "0.25" },
         { [](PR_Preference& p) { p.setStringValue(key, "true"); }, true, -1, -1.5, "true" },
         { [](PR_Preference& p) { p.setStringValue(key, "12"); }, true, 12, 12.0, "12" },
-        { [](PR_Preference& p) { p.setStringValue(key, "abc"); }, true, -1, -1.5, "abc" },
-    };
+        { [](PR_Preference& p) { p.setStringValue(key, "abc"); }, true, -1, -1.5, "abc" } };
     for (auto const& c : cases) {
         SCOPED_TRACE(c.asString);
         PR_Preference prefs;

@@ -142,12 +142,9 @@ struct Scenario
 const Scenario kScenarios[] = {
     // Shots start custom-named; as auto names they count over the whole project.
     { "S[2,2,2] S[4] T2 S[2,2]", "", &Board::makeShotsAuto, "1 2 3 / 1 2 3|1|1 2" },
-    { "S[1,1,1,1]", ". 3 . .", nullptr, "1 3 4 5" },
-    { "S[1]", ".", nullptr, "1" },
-    { "S[1,1,1,1]", "1 1 . .", nullptr, "1 1 3 4" },
-    { "S[1,1,1,1]", ". 1 1 .", nullptr, "2 1 1 4" },
-    { "S[1,1,1,1]", ". . 2 .", nullptr, "1 3 2 4" },
-    { "S[1,1]", "- .", nullptr, "- 2" },
+    { "S[1,1,1,1]", ". 3 . .", nullptr, "1 3 4 5" }, { "S[1]", ".", nullptr, "1" },
+    { "S[1,1,1,1]", "1 1 . .", nullptr, "1 1 3 4" }, { "S[1,1,1,1]", ". 1 1 .", nullptr, "2 1 1 4" },
+    { "S[1,1,1,1]", ". . 2 .", nullptr, "1 3 2 4" }, { "S[1,1]", "- .", nullptr, "- 2" },
     { "S[1,1,1]", ". B .", nullptr, "1 B 3" },
     { "S[1,1,1]", "", [](Board& b) { b.panelLetters(-1); }, "A B C" },
     { "S[1,1,1]", "", [](Board& b) { b.panelLetters(2); }, "0A 0B 0C" },
@@ -168,7 +165,7 @@ const Scenario kScenarios[] = {
                 && HostAuthoring::insertShot(b.board.project(), 1, { 4 }).value());
             b.makeShotsAuto();
         },
-        "1 2 / 1 2|1" },
+        "1 2 / 1 2|1" }
 };
 
 TEST(ProjectNames, AutoNamesAroundCustomNamesUnderPreferencesRecordsAndEdits)

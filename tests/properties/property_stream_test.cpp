@@ -59,16 +59,14 @@ TEST(PropertyStream, StoredItemsAreInTheFixedOrderAndWidthsAndComeBack)
     const auto base = [](QDataStream& out, QString const& name, QVariant const& value) -> QDataStream& {
         return out << name << value << QString("Long text") << QString("Short") << qint32(1) << qint32(0);
     };
-    const std::function<void(QDataStream&)> expected[] = {
-        [&](QDataStream& out) { base(out, "plain", 42); },
+    const std::function<void(QDataStream&)> expected[] = { [&](QDataStream& out) { base(out, "plain", 42); },
         [&](QDataStream& out) {
             base(out, "list", QString("y"))
                 << QVariant(QVariantMap { { "a", "x" }, { "b", "y" } }) << qint32(1) << qint32(0);
         },
         [&](QDataStream& out) { base(out, "range", 2.5) << QVariant(1.0) << QVariant(3.0); },
         [&](QDataStream& out) { base(out, "file", QString("/tmp/a.png")) << QString("*.png"); },
-        [&](QDataStream& out) { base(out, "font", QFont("Sans", 12)); },
-    };
+        [&](QDataStream& out) { base(out, "font", QFont("Sans", 12)); } };
     for (int version : { kCurrent, kLegacy }) {
         for (int kind = 0; kind < 5; ++kind) {
             const std::unique_ptr<KRC_Property> original = sample(kind);
