@@ -66,10 +66,9 @@ TEST_F(NodesVisitorTest, AcceptReachesTheOverloadOfTheNodesOwnClass)
     for (QString const& name : names) {
         UT_SharedPtr<MO_Node> node(MO_ModuleFactory::create(name, common(), "n"));
         ASSERT_TRUE(node) << name.toStdString();
-        EXPECT_EQ(name, node->typeName());
         OwnClassRecorder recorder;
         node->accept(recorder);
-        EXPECT_EQ(name, recorder.reached);
+        EXPECT_EQ(QStringList({ name, name }), QStringList({ node->typeName(), recorder.reached }));
     }
     EXPECT_EQ(nullptr, MO_ModuleFactory::create("MO_Node", common(), "n"));
 }
@@ -133,8 +132,6 @@ TEST_F(NodesVisitorTest, KeyNamesTheVisitorsClass)
 {
     const NodeNameCollector first, second;
     const CountingVisitor other;
-    EXPECT_EQ(first.key(), second.key());
-    EXPECT_NE(first.key(), other.key());
-    EXPECT_FALSE(first.key().isNull());
+    EXPECT_TRUE(first.key() == second.key() && first.key() != other.key() && !first.key().isNull());
     EXPECT_NE(first.key() < other.key(), other.key() < first.key());
 }
