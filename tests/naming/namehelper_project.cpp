@@ -191,9 +191,8 @@ TEST(ProjectNames, TheProjectKeepsOneRulesRecordAndTheHelperNamesByPlace)
     Board names("S[2,2,2] S[4]");
     KRC_NamingRules* rules = names.board->namingRules();
     ASSERT_NE(rules, nullptr);
-    EXPECT_EQ(names.board->namingRules(), rules);
-    EXPECT_TRUE(names.board.project()->metadatas()->contains(rules));
-    EXPECT_FALSE(rules->overloadingPref());
+    EXPECT_TRUE(names.board->namingRules() == rules && names.board.project()->metadatas()->contains(rules)
+        && !rules->overloadingPref());
     // Without a project's record the helper names by the preferences.
     KRC_KrolleProject without(nullptr);
     EXPECT_EQ(without.namingRules(), nullptr);
