@@ -16,9 +16,8 @@ TEST(BaseMessage, DeliveredOnceWhenTheScopeEndsUnlessDiscarded)
     }
     ASSERT_EQ(capture.count(), 1);
     MSG_Message const& message = capture.messages().first();
-    EXPECT_EQ(message.untranslated, QStringLiteral("Frame 12 of Shot A"));
-    EXPECT_EQ(message.translated, QStringLiteral("Image 12 de Shot A"));
-    EXPECT_EQ(message.action, 5);
+    EXPECT_EQ(std::tuple(message.untranslated, message.translated, message.action),
+        std::tuple(QStringLiteral("Frame 12 of Shot A"), QStringLiteral("Image 12 de Shot A"), 5));
     {
         MSG_Scope quiet("quiet", QStringLiteral("quiet"), MSG_Scope::Warning);
         quiet.discard();

@@ -86,7 +86,7 @@ TEST(BaseTranslate, UntranslatedTextsKeepTheirEncoding)
     char const latin1[] = "caf\xe9";
     char const utf8[] = "caf\xc3\xa9";
     EXPECT_EQ(QStringList({ MISC_translateFromLatin1("ctx", latin1), MISC_translateFromUtf8("ctx", utf8) }),
-        QStringList(2, QString::fromUtf8("café")));
+        QStringList({ QString::fromUtf8("café"), QString::fromUtf8("café") }));
     EXPECT_TRUE(MISC_translateFromUtf8("ctx", nullptr).isNull());
 
     OneWordTranslator translator; // installed translations win

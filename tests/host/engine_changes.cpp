@@ -116,12 +116,10 @@ TEST_F(EngineChanges, holdsNestAndKeepEverythingPendingAndListenersPostForTheNex
             manager.postSceneChanged();
     });
     manager.postSceneChanged();
-    manager.notify();
-    EXPECT_EQ(scene.count(), 2);
-    manager.notify();
-    EXPECT_EQ(scene.count(), 3);
-    manager.notify();
-    EXPECT_EQ(scene.count(), 3);
+    std::vector<int> counts;
+    for (int i = 0; i < 3; ++i)
+        counts.push_back((manager.notify(), scene.count()));
+    EXPECT_EQ(counts, std::vector<int>({ 2, 3, 3 }));
 }
 
 TEST_F(EngineChanges, metadataChangesCarryRecordAndCode)

@@ -128,7 +128,8 @@ TEST(HandleNames, OnlyCustomSequenceAndActNamesStand)
         for (KRC_ObjectName* name : { &shot.sceneInfo()->sequenceName(), &shot.sceneInfo()->actName() })
             setName(*name, value, flag);
         Panel_t const panel = board->getPanelAt(6, previous);
-        EXPECT_EQ(QStringList(4, QString::fromLatin1(expected)),
+        const QString e = QString::fromLatin1(expected);
+        EXPECT_EQ(QStringList({ e, e, e, e }),
             QStringList({ shot.sequenceName(), shot.actName(), panel.sequenceName(), panel.actName() }))
             << value << flag;
     }

@@ -289,8 +289,7 @@ TEST(ProjectProposals, NewShotsAndShotsThatFollowTheRules)
     // The first shot: between nothing and "25" the next multiple, 10, lies below the middle.
     EXPECT_TRUE(helper.shotNameFollowsRules(first));
     names.nameShot(0, "12");
-    EXPECT_FALSE(helper.shotNameFollowsRules(first));
-    EXPECT_FALSE(helper.shotNameFollowsRules(SC_Id()));
+    EXPECT_FALSE(helper.shotNameFollowsRules(first) || helper.shotNameFollowsRules(SC_Id()));
     shots.setAutomaticLeadingZeros(true);
     shots.setNumberOfZeros(3);
     EXPECT_EQ(helper.getPreferedNewSceneName(SC_Id(), true), QStringLiteral("010"));
@@ -302,8 +301,7 @@ TEST(ProjectProposals, NewShotsAndShotsThatFollowTheRules)
     EXPECT_TRUE(helper.getPreferedNewSceneName(SC_Id(), true).isNull());
     names.makeShotsAuto();
     // The stored value of an auto name counts, not the computed one: there is none.
-    EXPECT_TRUE(helper.getPreferedNewSceneName(first, true).isNull());
-    EXPECT_FALSE(helper.shotNameFollowsRules(second));
+    EXPECT_TRUE(helper.getPreferedNewSceneName(first, true).isNull() && !helper.shotNameFollowsRules(second));
     names.nameShot(1, "");
     EXPECT_TRUE(helper.shotNameFollowsRules(second));
 }
@@ -341,8 +339,7 @@ TEST(ProjectProposals, NewPanelsLookOnlyInsideTheirShot)
                   propose(1, 1, 0, false), propose(1, 0, 1, true) }),
         Names({ "15", "30", "50", "10", "10" }));
     panels.setAutoIncrementRule(KRC_NamingRules::Rule_Numeric);
-    EXPECT_TRUE(propose(1, 0, 1, true).isNull());
-    EXPECT_EQ(propose(0, 0, 0, true), QStringLiteral("11"));
+    EXPECT_TRUE(propose(1, 0, 1, true).isNull() && propose(0, 0, 0, true) == QStringLiteral("11"));
 }
 
 } // namespace
