@@ -177,7 +177,8 @@ TEST(PropertiedObject, XmlStoresOwnedPropertiesAndLoadsOnlyKnownOnes)
     QtWarningCapture capture;
     EXPECT_FALSE(failing.load(element));
     EXPECT_EQ(failing.getPropertyInt("n", 0), 8);
-    EXPECT_FALSE(failing.load(document.createElement("other")));
+    QDomElement wrong = document.createElement("other");
+    EXPECT_FALSE(failing.load(wrong));
 }
 
 } // namespace
