@@ -99,9 +99,8 @@ TEST(NumericalPart, CutsAroundTheDigits)
         EXPECT_EQ(H::extractNumericalPart(QLatin1String(r.name), parts, index, value, false), found);
         EXPECT_EQ(std::make_tuple(parts, index, value),
             std::make_tuple(r.parts, found ? r.index : -7, found ? r.value : -7));
-        EXPECT_EQ(
-            (std::pair { H::extractNumericalPart(QLatin1String(r.name), parts, index, value, true), parts }),
-            std::pair(r.withTailOnly, r.withTailOnly ? r.parts : QStringList()));
+        EXPECT_EQ(H::extractNumericalPart(QLatin1String(r.name), parts, index, value, true), r.withTailOnly);
+        EXPECT_EQ(parts, r.withTailOnly ? r.parts : QStringList());
     }
     // Digits too long for 32 bits are found but do not read.
     QStringList parts;
