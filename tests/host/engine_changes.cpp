@@ -133,9 +133,8 @@ TEST_F(EngineChanges, metadataChangesCarryRecordAndCode)
     EngineChangeRecorder recorder(manager);
     manager.notify();
     EXPECT_EQ(recorder.lines, QStringList { QStringLiteral("metadataChanged 2") });
-    EXPECT_EQ(std::pair(recorder.lastMetadata.count(PIO_MetaModif(record, 21)),
-                  recorder.lastMetadata.count(PIO_MetaModif(record, 4))),
-        std::pair(size_t(1), size_t(1)));
+    EXPECT_EQ(recorder.lastMetadata.count(PIO_MetaModif(record, 21)), 1u);
+    EXPECT_EQ(recorder.lastMetadata.count(PIO_MetaModif(record, 4)), 1u);
 }
 
 TEST_F(EngineChanges, nodeChangeAppliedGoesOutOncePerLivingNode)
@@ -220,8 +219,8 @@ TEST(EngineChangesLifetime, projectsMoveBetweenManagers)
     project->projectCommon()->setChangeManager(&second);
     EXPECT_TRUE(!first.hasPendingChanges() && project->projectCommon()->changeManager() == &second);
     project->projectCommon()->setChangeManager(nullptr);
-    EXPECT_TRUE(
-        project->projectCommon()->changeManager() && project->projectCommon()->changeManager() != &second);
+    EXPECT_NE(project->projectCommon()->changeManager(), nullptr);
+    EXPECT_NE(project->projectCommon()->changeManager(), &second);
 }
 
 } // namespace

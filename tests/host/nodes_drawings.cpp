@@ -64,11 +64,11 @@ TEST_F(NodesDrawingTest, KeysAtFramesFollowTheExposures)
     AT_DrawingAttr const* attr = element->drawingAttr();
     for (Case const& c : cases) {
         const CA_CelKey key = attr->key(c.frame);
-        EXPECT_EQ(std::tuple(c.drawing, c.drawing >= 0, c.drawing >= 0 ? attr->getElementId() : -1, c.drawing,
-                      column->drawingFileName(c.drawing)),
-            std::tuple(column->drawingAt(c.frame), key.isValid(), CA_CelKeyMgr::id(key),
-                CA_CelKeyMgr::drawingId(key), CA_CelKeyMgr::loadFilename(key)))
-            << c.frame;
+        EXPECT_EQ(c.drawing, column->drawingAt(c.frame)) << c.frame;
+        EXPECT_EQ(c.drawing >= 0, key.isValid()) << c.frame;
+        EXPECT_EQ(c.drawing >= 0 ? attr->getElementId() : -1, CA_CelKeyMgr::id(key)) << c.frame;
+        EXPECT_EQ(c.drawing, CA_CelKeyMgr::drawingId(key)) << c.frame;
+        EXPECT_EQ(column->drawingFileName(c.drawing), CA_CelKeyMgr::loadFilename(key)) << c.frame;
     }
     EXPECT_TRUE(attr->key(1.0).isKvg());
 }

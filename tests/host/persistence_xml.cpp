@@ -73,8 +73,8 @@ TEST(PersistenceXml, ReadingAppendsCheckedValuesAndResolvesPredefinedEntities)
         target));
     ASSERT_EQ(target.size(), 6);
     EXPECT_EQ(*target.begin(), existing);
-    EXPECT_FALSE(
-        recordAt<PIO_Metadata>(target, 1)->isValid() || recordAt<PIO_Metadata>(target, 2)->isValid());
+    EXPECT_FALSE(recordAt<PIO_Metadata>(target, 1)->isValid());
+    EXPECT_FALSE(recordAt<PIO_Metadata>(target, 2)->isValid());
     EXPECT_EQ(recordAt<PIO_MetadataString>(target, 3)->valueString(), QStringLiteral("&<AB"));
     EXPECT_TRUE(std::isinf(recordAt<PIO_MetadataDouble>(target, 4)->valueDouble()));
     EXPECT_EQ(recordAt<PIO_MetadataInt>(target, 5)->valueInt(), 3);
@@ -191,8 +191,8 @@ TEST_F(PersistenceXmlDriving, ReadersReceiveElementsAsTheirParentsDecide)
     ASSERT_EQ(target.size(), 1);
     EXPECT_EQ((*target.begin())->metaName(), QStringLiteral("p"));
     // Writing flags reach the records.
-    EXPECT_TRUE(PIO_MetadatasXml::toDocument(target, true).contains("forDrag=\"true\"")
-        && PIO_MetadatasXml::toDocument(target, false).contains("forDrag=\"false\""));
+    EXPECT_TRUE(PIO_MetadatasXml::toDocument(target, true).contains("forDrag=\"true\""));
+    EXPECT_TRUE(PIO_MetadatasXml::toDocument(target, false).contains("forDrag=\"false\""));
 }
 
 TEST_F(PersistenceXmlDriving, RefusingReaderFailsTheWholeRead)
@@ -257,9 +257,8 @@ TEST(PersistenceXml, BadInputIsRefusedWithAPositionAndLeavesTheTargetAlone)
         target.add(kept);
         QString error;
         EXPECT_FALSE(PIO_MetadatasXml::fromDocument(c.xml, target, &error)) << c.xml.constData();
-        EXPECT_TRUE(
-            error.startsWith(QString::fromUtf8(c.errorStart)) && error.contains(QStringLiteral(", column ")))
-            << qPrintable(error);
+        EXPECT_TRUE(error.startsWith(QString::fromUtf8(c.errorStart))) << qPrintable(error);
+        EXPECT_TRUE(error.contains(QStringLiteral(", column "))) << qPrintable(error);
         ASSERT_EQ(target.size(), 1);
         EXPECT_EQ(*target.begin(), kept);
     }
