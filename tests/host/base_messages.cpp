@@ -16,9 +16,8 @@ TEST(BaseMessage, DeliveredOnceWhenTheScopeEndsUnlessDiscarded)
     }
     ASSERT_EQ(capture.count(), 1);
     MSG_Message const& message = capture.messages().first();
-    EXPECT_EQ(message.untranslated, QStringLiteral("Frame 12 of Shot A"));
-    EXPECT_EQ(message.translated, QStringLiteral("Image 12 de Shot A"));
-    EXPECT_EQ(message.action, 5);
+    EXPECT_EQ(std::tuple(message.untranslated, message.translated, message.action),
+        std::tuple(QStringLiteral("Frame 12 of Shot A"), QStringLiteral("Image 12 de Shot A"), 5));
     {
         MSG_Scope quiet("quiet", QStringLiteral("quiet"), MSG_Scope::Warning);
         quiet.discard();
@@ -33,17 +32,13 @@ TEST(BaseMessage, ArgsFillMarkersInNumberOrder)
         char const* format;
         QStringList values;
         char const* expected;
-    } const cases[] = {
-        { "%1 and %2", { "a", "b" }, "a and b" },
-        { "%2 before %1", { "a", "b" }, "b before a" },
-        { "%1 twice %1", { "x" }, "x twice x" },
+    } const cases[] = { { "%1 and %2", { "a", "b" }, "a and b" },
+        { "%2 before %1", { "a", "b" }, "b before a" }, { "%1 twice %1", { "x" }, "x twice x" },
         { "%1 then %2", { "%2", "b" }, "%2 then b" }, // values are never re-scanned
         { "%1 and %2", { "a" }, "a and %2" }, // missing value keeps the marker
         { "%3 skips", { "a" }, "a skips" }, // lowest marker present comes first
-        { "%10 %9", { "a", "b" }, "b a" },
-        { "100% of %1", { "it" }, "100% of it" },
-        { "%0 %1", { "a" }, "%0 a" },
-    };
+        { "%10 %9", { "a", "b" }, "b a" }, { "100% of %1", { "it" }, "100% of it" },
+        { "%0 %1", { "a" }, "%0 a" } };
     for (auto const& c : cases) {
         MSG_Text text(c.format, QString::fromUtf8(c.format));
         for (QString const& value : c.values)

@@ -59,8 +59,7 @@ TEST_F(BaseSharedPtr, LastReferenceDeletesAndCopiesMovesAndRawPointersShareOneCo
     EXPECT_TRUE(a.isNull());
     UT_SharedPtr<Tracked> other(new Tracked(&deaths));
     other = std::move(moved);
-    EXPECT_EQ(deaths, 2);
-    EXPECT_EQ(other->refCount(), 1);
+    EXPECT_EQ(std::pair(deaths, other->refCount()), std::pair(2, 1));
     other.reset();
     EXPECT_EQ(deaths, 3);
 }
@@ -86,16 +85,14 @@ TEST_F(BaseSharedPtr, CastsShareTheCountAndComparisonIsByAddress)
     UT_SharedPtr<TrackedChild> child(new TrackedChild(&deaths));
     UT_SharedPtr<Tracked> base = child;
     EXPECT_EQ(child->refCount(), 2);
-    EXPECT_EQ(UT_dynamicPointerCast<TrackedChild>(base), child);
-    EXPECT_EQ(UT_staticPointerCast<TrackedChild>(base), child);
+    EXPECT_TRUE(UT_dynamicPointerCast<TrackedChild>(base) == child
+        && UT_staticPointerCast<TrackedChild>(base) == child);
     UT_SharedPtr<Tracked> plain(new Tracked(&deaths));
     EXPECT_TRUE(UT_dynamicPointerCast<TrackedChild>(plain).isNull());
 
     EXPECT_NE(base, plain);
     EXPECT_EQ(base < plain, std::less<Tracked*>()(base.get(), plain.get()));
-    EXPECT_TRUE(plain == plain.get());
-    EXPECT_TRUE(UT_SharedPtr<Tracked>() == nullptr);
-    EXPECT_FALSE(UT_SharedPtr<Tracked>());
+    EXPECT_TRUE(plain == plain.get() && UT_SharedPtr<Tracked>() == nullptr && !UT_SharedPtr<Tracked>());
     EXPECT_EQ((QSet<UT_SharedPtr<Tracked>> { base, plain, base }).size(), 2);
 }
 
@@ -124,16 +121,11 @@ TEST_F(BaseWeakPtr, DoesNotKeepTheTargetAliveAndReadsNullOnceItIsGone)
     UT_SharedPtr<Tracked> strong(new Tracked(&deaths));
     UT_SharedWeakPtr<Tracked> weak(strong);
     UT_SharedWeakPtr<Tracked> copy = weak;
-    EXPECT_EQ(strong->refCount(), 1);
-    EXPECT_EQ(weak.lock(), strong);
-    EXPECT_FALSE(weak.expired());
+    EXPECT_TRUE(strong->refCount() == 1 && weak.lock() == strong && !weak.expired());
 
     strong.reset();
     EXPECT_EQ(deaths, 1);
-    EXPECT_TRUE(copy.isNull());
-    EXPECT_TRUE(weak.expired());
-    EXPECT_TRUE(weak.lock().isNull());
-    EXPECT_TRUE(weak == nullptr);
+    EXPECT_TRUE(copy.isNull() && weak.expired() && weak.lock().isNull() && weak == nullptr);
 }
 
 TEST_F(BaseWeakPtr, OrderInASetStaysStableAfterTargetsDie)
@@ -169,9 +161,7 @@ TEST_F(BaseWeakPtr, ConvertsFromDerivedAndThroughTheUntypedBase)
     untyped.assign(child.get());
     EXPECT_EQ(untyped.base(), static_cast<UT_SharedWeakBase*>(child.get()));
     child.reset();
-    EXPECT_TRUE(weakBase.isNull());
-    EXPECT_EQ(untyped.base(), nullptr);
-    EXPECT_EQ(weakBase, weakChild);
+    EXPECT_TRUE(weakBase.isNull() && !untyped.base() && weakBase == weakChild);
 }
 
 } // namespace

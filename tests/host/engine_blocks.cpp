@@ -33,15 +33,12 @@ TEST(EngineBlocks, countAndBlockAtFrame)
     {
         char const* description;
         char const* probes;
-    } const cases[] = {
-        // A [1,10], T [7,10], B [7,14], C [15,19].
+    } const cases[] = { // A [1,10], T [7,10], B [7,14], C [15,19].
         { "S[10] T4 S[8] S[5]",
             "-1:0:- 0:0:- 0.5:0:- 1:1:A 6:1:A 7:3:T 10:3:T 10.75:3:T 11:1:B 14:1:B 15:1:C 19:1:C "
             "19.99:1:C 20:0:-" },
-        { "T3 S[10]", "1:2:T 3:2:T 4:1:A" },
-        { "S[10] T2", "8:1:A 9:2:T 10:2:T 11:0:-" },
-        { "", "1:0:-" },
-        { "S[3] T1 S[3] T1 S[3]", "3:3:T 4:1:B 5:3:T 7:1:C" },
+        { "T3 S[10]", "1:2:T 3:2:T 4:1:A" }, { "S[10] T2", "8:1:A 9:2:T 10:2:T 11:0:-" }, { "", "1:0:-" },
+        { "S[3] T1 S[3] T1 S[3]", "3:3:T 4:1:B 5:3:T 7:1:C" }
     };
     for (auto const& c : cases) {
         HostStoryboard board = engineBoard(QString::fromLatin1(c.description));
@@ -72,8 +69,7 @@ TEST(EngineBlocks, neighboursFollowListOrderWithTransitions)
     // A block of another sequence is no neighbour of anything here.
     AT_FrameBlock const* panel
         = HostAuthoring::symbolOf(board.project.get(), board.shots[0])->sequence()->blockAt(0);
-    EXPECT_EQ(tv->getNextBlock(panel), nullptr);
-    EXPECT_EQ(tv->getPrevBlock(panel), nullptr);
+    EXPECT_TRUE(!tv->getNextBlock(panel) && !tv->getPrevBlock(panel));
     EXPECT_EQ(tv->indexOf(panel), -1);
 }
 
@@ -84,13 +80,11 @@ TEST(EngineBlocks, lookupsFollowEdits)
     TUSeqTimedValue const* tv = project->topScene()->sequence();
     EXPECT_EQ(blockName(board, tv->getBlock(5)), QStringLiteral("B"));
     ASSERT_FALSE(HostAuthoring::insertTransition(project, 1, 2).isNull());
-    EXPECT_EQ(tv->getBlockCount(3), 3u);
-    EXPECT_EQ(blockName(board, tv->getBlock(3)), QStringLiteral("T"));
-    EXPECT_EQ(tv->nFrames(), 6u);
+    EXPECT_EQ(std::tuple(tv->getBlockCount(3), blockName(board, tv->getBlock(3)), tv->nFrames()),
+        std::tuple(3u, QStringLiteral("T"), 6u));
     ASSERT_TRUE(HostAuthoring::removeShot(project, board.shots[0]));
-    EXPECT_EQ(tv->getBlockCount(), 1u);
-    EXPECT_EQ(tv->nFrames(), 4u);
-    EXPECT_EQ(blockName(board, tv->getBlock(1)), QStringLiteral("B"));
+    EXPECT_EQ(std::tuple(tv->getBlockCount(), blockName(board, tv->getBlock(1)), tv->nFrames()),
+        std::tuple(1u, QStringLiteral("B"), 4u));
 }
 
 TEST(EngineBlocks, castsAnswerOnlyTheirOwnKindAndABlockWithoutSequenceStillHasOne)
@@ -102,25 +96,23 @@ TEST(EngineBlocks, castsAnswerOnlyTheirOwnKindAndABlockWithoutSequenceStillHasOn
     AT_FrameBlock empty(1, 3, nullptr);
     EXPECT_FALSE(empty.hasSeq);
     ASSERT_NE(empty.seq(), nullptr);
-    EXPECT_EQ(AT_AbstractSceneSeq::toAbstractScene(&warp), &warp);
-    EXPECT_EQ(AT_TimeWarpSeq::toTimeWarp(&warp), &warp);
-    EXPECT_EQ(AT_AbstractSceneSeq::toAbstractScene(&scene), &scene);
-    EXPECT_EQ(AT_TimeWarpSeq::toTimeWarp(&scene), nullptr);
-    EXPECT_EQ(AT_TransitionSeq::toTransition(&transition), &transition);
-    EXPECT_EQ(AT_AbstractSceneSeq::toAbstractScene(&transition), nullptr);
+    EXPECT_TRUE(AT_AbstractSceneSeq::toAbstractScene(&warp) == &warp
+        && AT_TimeWarpSeq::toTimeWarp(&warp) == &warp
+        && AT_AbstractSceneSeq::toAbstractScene(&scene) == &scene && !AT_TimeWarpSeq::toTimeWarp(&scene)
+        && AT_TransitionSeq::toTransition(&transition) == &transition
+        && !AT_AbstractSceneSeq::toAbstractScene(&transition));
     for (TUSeq const* seq : { static_cast<TUSeq const*>(&other), static_cast<TUSeq const*>(empty.seq()),
              static_cast<TUSeq const*>(nullptr) }) {
-        EXPECT_EQ(AT_AbstractSceneSeq::toAbstractScene(seq), nullptr);
-        EXPECT_EQ(AT_TimeWarpSeq::toTimeWarp(seq), nullptr);
-        EXPECT_EQ(AT_TransitionSeq::toTransition(seq), nullptr);
+        EXPECT_TRUE(!AT_AbstractSceneSeq::toAbstractScene(seq) && !AT_TimeWarpSeq::toTimeWarp(seq)
+            && !AT_TransitionSeq::toTransition(seq));
     }
     for (quint32 frame : { 0, 1, 3, 4 })
         EXPECT_EQ(empty.isInRange(frame), frame == 1 || frame == 3) << frame;
-    EXPECT_EQ(transition.typeString(), QStringLiteral("Wipe"));
-    EXPECT_EQ(AT_TransitionSeq(SC_Id(8), 99).typeString(), QStringLiteral("Unknown"));
-    EXPECT_EQ(AT_TransitionSeq::typeFromString("clockwipe"), int(AT_TransitionSeq::eClockWipe));
-    EXPECT_EQ(AT_TransitionSeq::typeFromString("Edge Wipe"), int(AT_TransitionSeq::eEdgeWipe));
-    EXPECT_EQ(AT_TransitionSeq::typeFromString("spin"), -1);
+    EXPECT_EQ(QStringList({ transition.typeString(), AT_TransitionSeq(SC_Id(8), 99).typeString() }),
+        QStringList({ "Wipe", "Unknown" }));
+    EXPECT_EQ(std::vector<int>({ AT_TransitionSeq::typeFromString("clockwipe"),
+                  AT_TransitionSeq::typeFromString("Edge Wipe"), AT_TransitionSeq::typeFromString("spin") }),
+        std::vector<int>({ AT_TransitionSeq::eClockWipe, AT_TransitionSeq::eEdgeWipe, -1 }));
 }
 
 // Adds raw blocks "first-last" (a "T" before it makes a transition) to a sequence:
@@ -171,31 +163,21 @@ TEST(EngineBlocks, isConsistentNamesTheFirstBrokenRule)
     {
         char const* blocks;
         char const* problem; // null when consistent; else a part of the message
-    } const cases[] = {
-        { "", nullptr },
-        { "1-5 6-9", nullptr },
-        { "1-5 8-9", nullptr },
-        { "1-5 T4-5 4-9", nullptr },
-        { "1-5 T3-6 4-9", nullptr },
-        { "0-5", "block 0: first frame 0" },
-        { "1-5 9-6", "block 1: last frame 6 is before" },
-        { "6-9 1-5", "block 1: out of order" },
-        { "1-5 4-9 T4-5", "block 2: out of order" },
-        { "1-9 3-5", "block 1: lies inside" },
-        { "1-5 4-9", "frames 4 to 5" },
-        { "1-5 T4-4 4-9", "outside a transition" },
+    } const cases[] = { { "", nullptr }, { "1-5 6-9", nullptr }, { "1-5 8-9", nullptr },
+        { "1-5 T4-5 4-9", nullptr }, { "1-5 T3-6 4-9", nullptr }, { "0-5", "block 0: first frame 0" },
+        { "1-5 9-6", "block 1: last frame 6 is before" }, { "6-9 1-5", "block 1: out of order" },
+        { "1-5 4-9 T4-5", "block 2: out of order" }, { "1-9 3-5", "block 1: lies inside" },
+        { "1-5 4-9", "frames 4 to 5" }, { "1-5 T4-4 4-9", "outside a transition" },
         { "1-5 T4-5 4-9 T5-9 8-12", "block 3: transition overlaps" },
-        { "1-5 T2-6 3-7 5-9", "overlaps two blocks" },
-    };
+        { "1-5 T2-6 3-7 5-9", "overlaps two blocks" } };
     for (auto const& c : cases) {
         UT_SharedPtr<SC_Project> project = HostAuthoring::createProject();
         TUSeqTimedValue* tv = project->topScene()->sequence();
         addBlocks(tv, QString::fromLatin1(c.blocks), true);
         QString why;
         EXPECT_EQ(tv->isConsistent(&why), !c.problem) << c.blocks << ": " << qPrintable(why);
-        if (c.problem) {
-            EXPECT_TRUE(why.contains(QString::fromLatin1(c.problem))) << c.blocks << ": " << qPrintable(why);
-        }
+        EXPECT_TRUE(!c.problem || why.contains(QString::fromLatin1(c.problem)))
+            << c.blocks << ": " << qPrintable(why);
     }
 }
 
@@ -233,12 +215,11 @@ TEST(EngineFrame, roundingAndFrameKeys)
         EXPECT_EQ(AT_Frame::roundToUnsigned(c.value), c.rounded) << c.value;
         EXPECT_EQ(AT_Frame::wholeFrame(c.value), c.whole) << c.value;
     }
-    EXPECT_DOUBLE_EQ(MO_FrameKey(3.7, MO_FrameKey::eExact).frame(), 3.7);
-    EXPECT_DOUBLE_EQ(MO_FrameKey(3.7, 1).frame(), 3.7);
-    EXPECT_DOUBLE_EQ(MO_FrameKey(3.7, MO_FrameKey::eFloor).frame(), 3.0);
-    EXPECT_DOUBLE_EQ(MO_FrameKey(3.5, MO_FrameKey::eRound).frame(), 4.0);
-    EXPECT_EQ(MO_FrameKey(3.7, 1).frameInt(), 3u);
-    EXPECT_EQ(MO_FrameKey(-2.0, 1).frameInt(), 0u);
+    EXPECT_EQ(
+        std::vector<double>({ MO_FrameKey(3.7, MO_FrameKey::eExact).frame(), MO_FrameKey(3.7, 1).frame(),
+            MO_FrameKey(3.7, MO_FrameKey::eFloor).frame(), MO_FrameKey(3.5, MO_FrameKey::eRound).frame() }),
+        std::vector<double>({ 3.7, 3.7, 3.0, 4.0 }));
+    EXPECT_EQ(std::pair(MO_FrameKey(3.7, 1).frameInt(), MO_FrameKey(-2.0, 1).frameInt()), std::pair(3u, 0u));
     EXPECT_EQ(MO_FrameKey(3.7, 42).conversion(), MO_FrameKey::eExact);
 }
 

@@ -44,11 +44,9 @@ TEST(EngineSession, initMakesEverythingThroughTheDerivedClass)
     std::unique_ptr<RecordingSession> session(RecordingSession::create());
     EXPECT_EQ(
         session->calls, QStringList({ QStringLiteral("changeManager"), QStringLiteral("cameraManager") }));
-    EXPECT_NE(session->changeManager(), nullptr);
-    ASSERT_NE(session->cameraManager(), nullptr);
+    ASSERT_TRUE(session->changeManager() && session->cameraManager() && session->selection()
+        && session->projectManager());
     EXPECT_EQ(session->cameraManager()->sessionContext(), session.get());
-    EXPECT_NE(session->selection(), nullptr);
-    ASSERT_NE(session->projectManager(), nullptr);
     EXPECT_EQ(session->projectManager()->currentProject(), nullptr);
 }
 
@@ -58,8 +56,8 @@ TEST(EngineSession, projectManagerMakesSavesOpensAndCleans)
     SC_ProjectManager* projects = session->projectManager();
     SC_Project* made = projects->newProject();
     ASSERT_NE(made, nullptr);
-    EXPECT_EQ(made->projectCommon()->changeManager(), session->changeManager());
-    EXPECT_FALSE(session->changeManager()->hasPendingChanges());
+    EXPECT_TRUE(made->projectCommon()->changeManager() == session->changeManager()
+        && !session->changeManager()->hasPendingChanges());
     ASSERT_FALSE(HostAuthoring::insertShot(made, 0, { 3, 4 }).isNull());
 
     QTemporaryDir dir;
@@ -74,10 +72,8 @@ TEST(EngineSession, projectManagerMakesSavesOpensAndCleans)
     ASSERT_NE(opened, nullptr) << qPrintable(error);
     EXPECT_EQ(engineDump(opened), saved);
     EXPECT_EQ(opened->projectCommon()->changeManager(), session->changeManager());
-
     projects->clean();
-    EXPECT_EQ(projects->currentProject(), nullptr);
-    EXPECT_FALSE(projects->saveProject(file, &error));
+    EXPECT_TRUE(!projects->currentProject() && !projects->saveProject(file, &error));
 }
 
 TEST(EngineSession, releaseDropsWhatIsPendingAndTheSessionGoesWithItsOpenProject)
@@ -126,15 +122,13 @@ TEST(EngineCamera, baseManagerCombinesEmbeddedAndDefaultCameras)
     }
     Math::Matrix4x4 none;
     project->topScene()->embeddedCameraMatrix(none, MO_FrameKey(3.0, 1));
-    EXPECT_TRUE(none.isIdentity());
-    EXPECT_TRUE(cameras->globalCameraMatrix(nullptr, MO_FrameKey(1.0, 1)).isIdentity());
+    EXPECT_TRUE(none.isIdentity() && cameras->globalCameraMatrix(nullptr, MO_FrameKey(1.0, 1)).isIdentity());
 
     symbol->sceneCommon()->setCameraPlanes(0.5, 80.0);
     double nearPlane = -1;
     double farPlane = -1;
     EXPECT_TRUE(cameras->cameraPlanes(symbol->sceneCommon(), MO_FrameKey(1.0, 1), nearPlane, farPlane));
-    EXPECT_DOUBLE_EQ(nearPlane, 0.5);
-    EXPECT_DOUBLE_EQ(farPlane, 80.0);
+    EXPECT_EQ(std::pair(nearPlane, farPlane), std::pair(0.5, 80.0));
     nearPlane = farPlane = -1;
     EXPECT_FALSE(cameras->cameraPlanes(nullptr, MO_FrameKey(1.0, 1), nearPlane, farPlane));
     EXPECT_DOUBLE_EQ(nearPlane, -1);

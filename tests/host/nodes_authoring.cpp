@@ -40,11 +40,8 @@ class NodesAuthoringTest : public ::testing::Test, public SampleNetwork
 
 TEST_F(NodesAuthoringTest, GroupMembershipAndParentLinkAreSeparateAndMovesPlaceAfterTheMove)
 {
-    EXPECT_EQ(root(), A->group());
-    EXPECT_EQ(P, A->getParentNode());
-    EXPECT_EQ(nullptr, P->getParentNode());
-    EXPECT_EQ(nullptr, root()->group());
-    EXPECT_EQ(common(), Q->sceneCommon());
+    EXPECT_TRUE(A->group() == root() && A->getParentNode() == P && !P->getParentNode() && !root()->group()
+        && Q->sceneCommon() == common());
     EXPECT_THAT(walk(), ElementsAre("P", "A", "G", "Q"));
 
     Author::moveNode(P, root(), 2);
@@ -132,9 +129,8 @@ TEST_F(NodesAuthoringTest, RefusedEditsChangeAndPostNothing)
     const QStringList before = walk();
     manager.clear();
     for (auto const& c : cases) {
-        EXPECT_FALSE(c.second()) << c.first;
-        EXPECT_EQ(before, walk()) << c.first;
-        EXPECT_EQ(P, A->getParentNode()) << c.first;
+        EXPECT_EQ(std::tuple(false, before, P), (std::tuple { c.second(), walk(), A->getParentNode() }))
+            << c.first;
         EXPECT_THAT(deliver(), IsEmpty()) << c.first;
     }
 }
@@ -150,8 +146,7 @@ TEST_F(NodesAuthoringTest, RemovingAGroupTakesItsNodesAndColumnsAndFreesLinksInt
     ASSERT_TRUE(Author::removeNode(G));
 
     EXPECT_THAT(walk(), ElementsAre("P", "A"));
-    EXPECT_TRUE(watchQ.isNull());
-    EXPECT_EQ(nullptr, A->getParentNode());
+    EXPECT_TRUE(watchQ.isNull() && !A->getParentNode());
     EXPECT_EQ(values - 1, scene->timedValues().size());
     EXPECT_EQ(scene->timedValues().end(),
         std::find(scene->timedValues().begin(), scene->timedValues().end(), column));
@@ -166,7 +161,6 @@ TEST_F(NodesAuthoringTest, ElementsComeWithAColumnLinkedToThemUnlessMadeBare)
 
     auto* bare = dynamic_cast<MO_ElementModule*>(Author::addNode(root(), "MO_ElementModule", "bare"));
     ASSERT_NE(nullptr, bare);
-    EXPECT_EQ(nullptr, bare->drawingAttr());
-    EXPECT_EQ(nullptr, bare->opacityAttr());
+    EXPECT_TRUE(!bare->drawingAttr() && !bare->opacityAttr());
     EXPECT_EQ(-1, Author::addDrawing(bare, "/p/x.kvg"));
 }

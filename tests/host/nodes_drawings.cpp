@@ -88,10 +88,9 @@ TEST_F(NodesDrawingTest, ContainsDrawingNeedsTheElementAndAnExposureAndElementId
 {
     Author::setExposure(element, 3, 4, second);
     const int id = column->elementId();
-    EXPECT_TRUE(column->containsDrawing(id, second));
+    EXPECT_TRUE(column->containsDrawing(id, second) && !column->containsDrawing(id + 1, second)
+        && !column->containsDrawing(-1, second));
     EXPECT_FALSE(column->containsDrawing(id, first)) << "a drawing that is never exposed";
-    EXPECT_FALSE(column->containsDrawing(id + 1, second));
-    EXPECT_FALSE(column->containsDrawing(-1, second));
 
     // Element ids are new for each column and stay above reserved ones.
     const int next = Author::addElement(root(), "B", CA_DrawingKind::Bitmap)->drawingAttr()->getElementId();
@@ -106,9 +105,8 @@ TEST_F(NodesDrawingTest, TheDrawingAttributeReadsNothingOnceItsColumnIsGone)
     Author::setExposure(element, 1, 1, first);
     ASSERT_TRUE(scene->removeTimedValue(column));
     manager.notify();
-    EXPECT_EQ(nullptr, element->drawingAttr()->timedValue());
+    EXPECT_TRUE(!element->drawingAttr()->timedValue() && !element->drawingAttr()->key(1.0).isValid());
     EXPECT_EQ(-1, element->drawingAttr()->getElementId());
-    EXPECT_FALSE(element->drawingAttr()->key(1.0).isValid());
 }
 
 // Kinds come from the element or, for a path, from the file extension; the manager
@@ -136,13 +134,11 @@ TEST(NodesCelKeyTest, KindsAndManagerReadsOfEachKeyClass)
     };
     for (Case const& c : cases) {
         const std::string name = c.key.toString().toStdString();
-        EXPECT_EQ(c.kvg, c.key.isKvg()) << name;
-        EXPECT_EQ(c.bitmap, c.key.isBitmap()) << name;
-        EXPECT_EQ(c.model, c.key.is3d()) << name;
-        EXPECT_EQ(c.id, CA_CelKeyMgr::id(c.key)) << name;
-        EXPECT_EQ(c.drawing, CA_CelKeyMgr::drawingId(c.key)) << name;
-        EXPECT_EQ(QString(c.file), CA_CelKeyMgr::loadFilename(c.key)) << name;
-        EXPECT_EQ(c.file == nullptr, CA_CelKeyMgr::loadFilename(c.key).isNull()) << name;
+        const QString file = CA_CelKeyMgr::loadFilename(c.key);
+        EXPECT_EQ(std::tuple(c.kvg, c.bitmap, c.model, c.id, c.drawing, QString(c.file), c.file == nullptr),
+            std::tuple(c.key.isKvg(), c.key.isBitmap(), c.key.is3d(), CA_CelKeyMgr::id(c.key),
+                CA_CelKeyMgr::drawingId(c.key), file, file.isNull()))
+            << name;
     }
 }
 
@@ -171,17 +167,14 @@ TEST(NodesCelKeyTest, EquivalenceMeansOneDrawingAcrossKeyClasses)
         CA_CelKey a, b;
         bool equivalent;
     };
-    const Case cases[] = {
-        { elementKey(1, 2, "/p/x.kvg"), elementKey(1, 2, "/p/y.kvg"), true },
+    const Case cases[] = { { elementKey(1, 2, "/p/x.kvg"), elementKey(1, 2, "/p/y.kvg"), true },
         { elementKey(1, 2, "/p/x.kvg"), elementKey(1, 3, "/p/x.kvg"), false },
         { pathKey("/p/a.png"), pathKey("/p/./b/../a.png", 1, true), true },
         { pathKey("/p/a.png"), pathKey("/p/a.png", 2), false },
         { elementKey(1, 2, "/p/a.png"), pathKey("/p/a.png"), true },
         { pathKey("/p/a.png"), elementKey(1, 2, "/p/a.png"), true },
         { elementKey(1, 2, ""), pathKey(""), false },
-        { elementKey(1, 2, "/p/a.png"), pathKey("/p/b.png"), false },
-        { CA_CelKey(), CA_CelKey(), false },
-    };
+        { elementKey(1, 2, "/p/a.png"), pathKey("/p/b.png"), false }, { CA_CelKey(), CA_CelKey(), false } };
     for (Case const& c : cases)
         EXPECT_EQ(c.equivalent, c.a.isEquivalent(c.b))
             << c.a.toString().toStdString() << " " << c.b.toString().toStdString();
@@ -206,6 +199,5 @@ TEST(NodesCelCacheTest, ReportsGoOutAtOnceAndTellTheFirstModification)
         firsts << call.at(1).toBool();
     EXPECT_THAT(firsts, ElementsAre(true, false, true, true, false));
     EXPECT_EQ(key, spy.at(0).at(0).value<CA_CelKey>());
-    EXPECT_FALSE(spy.at(4).at(0).value<CA_CelKey>().isValid());
-    EXPECT_TRUE(ca_celCache->isModified(key));
+    EXPECT_TRUE(!spy.at(4).at(0).value<CA_CelKey>().isValid() && ca_celCache->isModified(key));
 }

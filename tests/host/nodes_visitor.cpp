@@ -66,10 +66,9 @@ TEST_F(NodesVisitorTest, AcceptReachesTheOverloadOfTheNodesOwnClass)
     for (QString const& name : names) {
         UT_SharedPtr<MO_Node> node(MO_ModuleFactory::create(name, common(), "n"));
         ASSERT_TRUE(node) << name.toStdString();
-        EXPECT_EQ(name, node->typeName());
         OwnClassRecorder recorder;
         node->accept(recorder);
-        EXPECT_EQ(name, recorder.reached);
+        EXPECT_EQ(QStringList({ name, name }), QStringList({ node->typeName(), recorder.reached }));
     }
     EXPECT_EQ(nullptr, MO_ModuleFactory::create("MO_Node", common(), "n"));
 }
@@ -82,16 +81,11 @@ TEST_F(NodesVisitorTest, DefaultVisitsFallBackToTheBaseClass)
         bool overrideElement;
         const char* end;
     };
-    const Case cases[] = {
-        { "TUPegModule", false, "MO_AnimatedModule" },
-        { "TUPegModule", true, "MO_AnimatedModule" },
-        { "MO_ElementModule", false, "MO_AnimatedModule" },
-        { "MO_ElementModule", true, "MO_ElementModule" },
-        { "MO_AnimatedModule", false, "MO_AnimatedModule" },
-        { "TUCompositeModule", false, "MO_Module" },
-        { "TUCameraModule", true, "MO_Module" },
-        { "MO_Module", false, "MO_Module" },
-    };
+    const Case cases[] = { { "TUPegModule", false, "MO_AnimatedModule" },
+        { "TUPegModule", true, "MO_AnimatedModule" }, { "MO_ElementModule", false, "MO_AnimatedModule" },
+        { "MO_ElementModule", true, "MO_ElementModule" }, { "MO_AnimatedModule", false, "MO_AnimatedModule" },
+        { "TUCompositeModule", false, "MO_Module" }, { "TUCameraModule", true, "MO_Module" },
+        { "MO_Module", false, "MO_Module" } };
     for (Case const& c : cases) {
         UT_SharedPtr<MO_Node> node(MO_ModuleFactory::create(c.type, common(), "n"));
         FallbackRecorder recorder(c.overrideElement);
@@ -138,8 +132,6 @@ TEST_F(NodesVisitorTest, KeyNamesTheVisitorsClass)
 {
     const NodeNameCollector first, second;
     const CountingVisitor other;
-    EXPECT_EQ(first.key(), second.key());
-    EXPECT_NE(first.key(), other.key());
-    EXPECT_FALSE(first.key().isNull());
+    EXPECT_TRUE(first.key() == second.key() && first.key() != other.key() && !first.key().isNull());
     EXPECT_NE(first.key() < other.key(), other.key() < first.key());
 }

@@ -40,9 +40,8 @@ TEST(PersistenceGeneric, CreatorIsTheProgramNameAndClonesAreIndependent)
     std::unique_ptr<PIO_MetadataInt> copy(dynamic_cast<PIO_MetadataInt*>(original.clone()));
     ASSERT_TRUE(copy);
     original.setValue(6);
-    EXPECT_EQ(copy->valueInt(), 5);
-    EXPECT_EQ(copy->creator(), QStringLiteral("writer-app"));
-    EXPECT_EQ(copy->metaName(), QStringLiteral("n"));
+    EXPECT_EQ(std::tuple(copy->valueInt(), copy->creator(), copy->metaName()),
+        std::tuple(5, QStringLiteral("writer-app"), QStringLiteral("n")));
 }
 
 TEST(PersistenceGeneric, DumpStartsWithTheIdentityLine)
@@ -77,11 +76,10 @@ TEST(PersistenceFactory, RegisteredFactoryIsAskedAndUnregistersWhenDestroyed)
         EXPECT_EQ(PIO_MetadataFactory::instance(), &factory);
         delete PIO_MetadataFactory::instance()->createMeta(QStringLiteral("int"), {}, {}, {});
         EXPECT_EQ(factory.calls, 1);
-        EXPECT_EQ(factory.createMeta(QStringLiteral("sceneInfo"), {}, {}, {}), nullptr);
-        EXPECT_EQ(factory.createMeta(QStringLiteral("String"), {}, {}, {}), nullptr);
+        EXPECT_TRUE(!factory.createMeta(QStringLiteral("sceneInfo"), {}, {}, {})
+            && !factory.createMeta(QStringLiteral("String"), {}, {}, {}));
     }
-    EXPECT_EQ(PIO_MetadataFactory::registered(), nullptr);
-    EXPECT_NE(PIO_MetadataFactory::instance(), nullptr);
+    EXPECT_TRUE(!PIO_MetadataFactory::registered() && PIO_MetadataFactory::instance());
 }
 
 // A record that counts its destructions, to see who owns it.
@@ -109,9 +107,7 @@ TEST(PersistenceCollection, OwnsItsRecordsOnceInInsertionOrder)
         metas.add(a);
         metas.add(nullptr);
         ASSERT_EQ(metas.size(), 2);
-        EXPECT_EQ(*metas.begin(), a);
-        EXPECT_EQ(*(metas.begin() + 1), b);
-        EXPECT_TRUE(metas.contains(b));
+        EXPECT_TRUE(*metas.begin() == a && *(metas.begin() + 1) == b && metas.contains(b));
         CountedRecord stranger(QStringLiteral("a"), &deaths);
         EXPECT_FALSE(metas.contains(&stranger));
         EXPECT_TRUE(metas.take(a));
@@ -134,15 +130,10 @@ TEST(PersistenceCollection, LookupByTypeAndName)
         char const* type;
         char const* name; // nullptr: no name
         PIO_Metadata* expected;
-    } const cases[] = {
-        { "string", nullptr, nameless },
+    } const cases[] = { { "string", nullptr, nameless },
         { "string", "string", nameless }, // a nameless record answers to its type
-        { "string", "projectTitle", title },
-        { "bool", "projectTitle", flag },
-        { "bool", "bool", nullptr },
-        { "int", nullptr, nullptr },
-        { "String", nullptr, nullptr },
-    };
+        { "string", "projectTitle", title }, { "bool", "projectTitle", flag }, { "bool", "bool", nullptr },
+        { "int", nullptr, nullptr }, { "String", nullptr, nullptr } };
     for (Case const& c : cases)
         EXPECT_EQ(metas.metadata(QString::fromUtf8(c.type), QString::fromUtf8(c.name)), c.expected)
             << c.type << '/' << (c.name ? c.name : "-");

@@ -44,19 +44,19 @@ TEST(PersistenceXml, GenericRecordsRoundTripWithTheirIdentity)
     auto it = back.begin();
     for (PIO_Metadata const* original : metas) {
         PIO_Metadata const* read = *it++;
-        EXPECT_EQ(read->metaType(), original->metaType());
-        EXPECT_EQ(read->isValid(), original->isValid());
-        for (auto field : { &PIO_Metadata::metaName, &PIO_Metadata::creator, &PIO_Metadata::version }) {
-            EXPECT_EQ((read->*field)(), (original->*field)());
-            EXPECT_EQ((read->*field)().isNull(), (original->*field)().isNull())
+        EXPECT_EQ(std::pair(read->metaType(), read->isValid()),
+            std::pair(original->metaType(), original->isValid()));
+        for (auto field : { &PIO_Metadata::metaName, &PIO_Metadata::creator, &PIO_Metadata::version })
+            EXPECT_EQ(std::pair((read->*field)(), (read->*field)().isNull()),
+                std::pair((original->*field)(), (original->*field)().isNull()))
                 << qPrintable(read->metaType());
-        }
     }
-    EXPECT_EQ(recordAt<PIO_MetadataString>(back, 0)->valueString(), title->valueString());
-    EXPECT_EQ(recordAt<PIO_MetadataInt>(back, 1)->valueInt(), -2147483647 - 1);
-    EXPECT_EQ(recordAt<PIO_MetadataDouble>(back, 2)->valueDouble(), 0.1 + 0.2); // bit exact
-    EXPECT_TRUE(recordAt<PIO_MetadataBool>(back, 3)->valueBool());
-    EXPECT_FALSE(recordAt<PIO_MetadataDouble>(back, 4)->isValid());
+    EXPECT_EQ(std::tuple(recordAt<PIO_MetadataString>(back, 0)->valueString(),
+                  recordAt<PIO_MetadataInt>(back, 1)->valueInt(),
+                  recordAt<PIO_MetadataDouble>(back, 2)->valueDouble()),
+        std::tuple(title->valueString(), -2147483647 - 1, 0.1 + 0.2)); // the double bit exact
+    EXPECT_TRUE(recordAt<PIO_MetadataBool>(back, 3)->valueBool()
+        && !recordAt<PIO_MetadataDouble>(back, 4)->isValid());
 }
 
 TEST(PersistenceXml, ReadingAppendsCheckedValuesAndResolvesPredefinedEntities)
@@ -203,8 +203,7 @@ TEST_F(PersistenceXmlDriving, RefusingReaderFailsTheWholeRead)
         PIO_MetadatasXml::fromDocument(document("<metadata type=\"int\"><int value=\"1\"/></metadata>"
                                                 "<metadata type=\"probe\"><refuse/></metadata>"),
             target, &error));
-    EXPECT_TRUE(target.isEmpty());
-    EXPECT_TRUE(error.contains(QStringLiteral("refused"))) << qPrintable(error);
+    EXPECT_TRUE(target.isEmpty() && error.contains(QStringLiteral("refused"))) << qPrintable(error);
     EXPECT_EQ(probeLog.liveReaders, 0);
 }
 
@@ -219,8 +218,7 @@ TEST(PersistenceXml, UnknownRecordsAreKeptAndWrittenBackUnchanged)
     ASSERT_TRUE(PIO_MetadatasXml::fromDocument(original, first, &error)) << qPrintable(error);
     auto* unknown = recordAt<PIO_MetadataUnknown>(first, 0);
     ASSERT_NE(unknown, nullptr);
-    EXPECT_EQ(unknown->elementCount(), 3);
-    EXPECT_EQ(unknown->version(), QStringLiteral("9.0"));
+    EXPECT_EQ(std::pair(unknown->elementCount(), unknown->version()), std::pair(3, QStringLiteral("9.0")));
 
     QByteArray const saved = PIO_MetadatasXml::toDocument(first);
     PIO_Metadatas second;
@@ -276,8 +274,7 @@ TEST(PersistenceXml, ReadsACollectionInsideALargerDocumentAndRaisesItsErrorOnTha
         stream.readNext();
     PIO_Metadatas target;
     ASSERT_TRUE(PIO_MetadatasXml::read(stream, target));
-    EXPECT_TRUE(stream.isEndElement());
-    EXPECT_EQ(stream.name(), PIO_MetadatasXml::collectionElement);
+    EXPECT_TRUE(stream.isEndElement() && stream.name() == PIO_MetadatasXml::collectionElement);
     stream.readNext();
     EXPECT_EQ(stream.name(), QStringLiteral("after"));
     ASSERT_EQ(target.size(), 1);
@@ -287,8 +284,7 @@ TEST(PersistenceXml, ReadsACollectionInsideALargerDocumentAndRaisesItsErrorOnTha
         stream.readNext();
     QString error;
     EXPECT_FALSE(PIO_MetadatasXml::read(stream, target, &error));
-    EXPECT_TRUE(stream.hasError());
-    EXPECT_EQ(stream.errorString(), error);
+    EXPECT_TRUE(stream.hasError() && stream.errorString() == error);
 }
 
 } // namespace

@@ -26,24 +26,21 @@ TEST(Prefs, GettersConvertOrFallBackToTheDefault)
         int asInt;
         double asDouble;
         char const* asString;
-    } const cases[] = {
-        { [](PR_Preference&) {}, true, -1, -1.5, "default" },
+    } const cases[] = { { [](PR_Preference&) {}, true, -1, -1.5, "default" },
         { [](PR_Preference& p) { p.setBoolValue(key, false); }, false, 0, -1.5, "false" },
         { [](PR_Preference& p) { p.setIntValue(key, 0); }, false, 0, 0.0, "0" },
         { [](PR_Preference& p) { p.setIntValue(key, 7); }, true, 7, 7.0, "7" },
         { [](PR_Preference& p) { p.setDoubleValue(key, 0.25); }, true, -1, 0.25, "0.25" },
         { [](PR_Preference& p) { p.setStringValue(key, "true"); }, true, -1, -1.5, "true" },
         { [](PR_Preference& p) { p.setStringValue(key, "12"); }, true, 12, 12.0, "12" },
-        { [](PR_Preference& p) { p.setStringValue(key, "abc"); }, true, -1, -1.5, "abc" },
-    };
+        { [](PR_Preference& p) { p.setStringValue(key, "abc"); }, true, -1, -1.5, "abc" } };
     for (auto const& c : cases) {
         SCOPED_TRACE(c.asString);
         PR_Preference prefs;
         c.store(prefs);
-        EXPECT_EQ(prefs.getBoolValue(key, true), c.asBool);
-        EXPECT_EQ(prefs.getIntValue(key, -1), c.asInt);
-        EXPECT_EQ(prefs.getDoubleValue(key, -1.5), c.asDouble);
-        EXPECT_EQ(prefs.getStringValue(key, QStringLiteral("default")), QString::fromUtf8(c.asString));
+        EXPECT_EQ(std::tuple(prefs.getBoolValue(key, true), prefs.getIntValue(key, -1),
+                      prefs.getDoubleValue(key, -1.5), prefs.getStringValue(key, QStringLiteral("default"))),
+            std::tuple(c.asBool, c.asInt, c.asDouble, QString::fromUtf8(c.asString)));
     }
 }
 
@@ -94,16 +91,16 @@ TEST_F(PrefsFile, RoundTripKeepsKindsTextsAndDoublesExactly)
     PR_Preference loaded;
     QSignalSpy spy(&loaded, &PR_Preference::preferenceChanged);
     ASSERT_TRUE(loaded.load(path())) << qPrintable(loaded.errorString());
-    EXPECT_EQ(spy.count(), 1);
-    EXPECT_EQ(loaded.keys(), prefs.keys());
+    EXPECT_EQ(std::pair(spy.count(), loaded.keys()), std::pair(1, prefs.keys()));
     for (QString const& k : prefs.keys())
         EXPECT_EQ(loaded.getStringValue(k, "?"), prefs.getStringValue(k, "!")) << qPrintable(k);
-    EXPECT_TRUE(loaded.getBool(QStringLiteral("ST_ENABLE_ACT")));
-    EXPECT_EQ(loaded.getIntValue(QStringLiteral("count"), 0), -2147483647 - 1);
-    EXPECT_EQ(loaded.getDoubleValue(QStringLiteral("KR_CAMERA_FILM_WIDTH"), 0), 1.4173228346456694);
-    EXPECT_EQ(loaded.getDoubleValue(QStringLiteral("tiny"), 0), std::numeric_limits<double>::denorm_min());
-    EXPECT_TRUE(std::signbit(loaded.getDoubleValue(QStringLiteral("negZero"), 1)));
-    EXPECT_TRUE(std::isinf(loaded.getDoubleValue(QStringLiteral("inf"), 0)));
+    EXPECT_TRUE(loaded.getBool(QStringLiteral("ST_ENABLE_ACT"))
+        && std::signbit(loaded.getDoubleValue(QStringLiteral("negZero"), 1))
+        && std::isinf(loaded.getDoubleValue(QStringLiteral("inf"), 0)));
+    EXPECT_EQ(std::tuple(loaded.getIntValue(QStringLiteral("count"), 0),
+                  loaded.getDoubleValue(QStringLiteral("KR_CAMERA_FILM_WIDTH"), 0),
+                  loaded.getDoubleValue(QStringLiteral("tiny"), 0)),
+        std::tuple(-2147483647 - 1, 1.4173228346456694, std::numeric_limits<double>::denorm_min()));
     EXPECT_EQ(loaded.getStringValue(QStringLiteral("key with spaces = and more"), {}),
         QStringLiteral("  padded  "));
 }
@@ -112,11 +109,9 @@ TEST_F(PrefsFile, MissingFileIsAnEmptyStoreAndSaveFailureIsReported)
 {
     PR_Preference prefs;
     prefs.setIntValue(key, 1);
-    EXPECT_FALSE(prefs.save(dir.filePath(QStringLiteral("no/such/dir/prefs.txt"))));
-    EXPECT_FALSE(prefs.errorString().isEmpty());
-    EXPECT_TRUE(prefs.load(path("absent.txt")));
-    EXPECT_TRUE(prefs.keys().isEmpty());
-    EXPECT_TRUE(prefs.errorString().isEmpty());
+    EXPECT_TRUE(
+        !prefs.save(dir.filePath(QStringLiteral("no/such/dir/prefs.txt"))) && !prefs.errorString().isEmpty());
+    EXPECT_TRUE(prefs.load(path("absent.txt")) && prefs.keys().isEmpty() && prefs.errorString().isEmpty());
 }
 
 TEST_F(PrefsFile, HandWrittenFileWithCommentsAndCrLfLoads)
@@ -124,9 +119,8 @@ TEST_F(PrefsFile, HandWrittenFileWithCommentsAndCrLfLoads)
     writeFile("# mine\r\n\r\nbool a = true\r\nstring b = x = y\r\n   \nint c = 4");
     PR_Preference prefs;
     ASSERT_TRUE(prefs.load(path())) << qPrintable(prefs.errorString());
-    EXPECT_TRUE(prefs.getBool("a"));
-    EXPECT_EQ(prefs.getStringValue("b", {}), QStringLiteral("x = y"));
-    EXPECT_EQ(prefs.getIntValue("c", 0), 4);
+    EXPECT_EQ(std::tuple(prefs.getBool("a"), prefs.getStringValue("b", {}), prefs.getIntValue("c", 0)),
+        std::tuple(true, QStringLiteral("x = y"), 4));
 }
 
 TEST_F(PrefsFile, DamagedFileLeavesTheStoreEmptyAndNamesTheFile)
@@ -138,10 +132,9 @@ TEST_F(PrefsFile, DamagedFileLeavesTheStoreEmptyAndNamesTheFile)
         PR_Preference prefs;
         prefs.setIntValue(key, 1);
         QSignalSpy spy(&prefs, &PR_Preference::preferenceChanged);
-        EXPECT_FALSE(prefs.load(path())) << line;
-        EXPECT_TRUE(prefs.keys().isEmpty()) << line;
-        EXPECT_EQ(spy.count(), 1) << line;
-        EXPECT_TRUE(prefs.errorString().contains(path())) << qPrintable(prefs.errorString());
+        EXPECT_TRUE(!prefs.load(path()) && prefs.keys().isEmpty() && spy.count() == 1
+            && prefs.errorString().contains(path()))
+            << line << qPrintable(prefs.errorString());
     }
 }
 

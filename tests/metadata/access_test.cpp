@@ -18,16 +18,14 @@ int countOf(PIO_Metadatas& metas, QString const& type)
 TEST(MetadataAccess, CreatesAMissingRecordOnceByTheFirstRouteAndNothingWithoutACollection)
 {
     PIO_MetadataAccess<KRC_SceneInfo> overNull(nullptr, QStringLiteral("named"));
-    EXPECT_FALSE(overNull);
-    EXPECT_EQ(nullptr, overNull.metadatas());
+    EXPECT_TRUE(!overNull && !overNull.metadatas());
 
     PIO_Metadatas metas;
     PIO_MetadataAccess<KRC_SceneInfo> first(&metas);
     ASSERT_NE(nullptr, first.get());
-    EXPECT_TRUE(first->metaName().isNull());
-    EXPECT_EQ(KRC_SceneInfo::kPIO_KRMETA_Version, first->version());
-    EXPECT_EQ(first.get(), PIO_MetadataAccess<KRC_SceneInfo>(&metas).get());
-    EXPECT_EQ(1, metas.size());
+    EXPECT_TRUE(first->metaName().isNull() && first.get() == PIO_MetadataAccess<KRC_SceneInfo>(&metas).get());
+    EXPECT_EQ(
+        std::pair(first->version(), metas.size()), std::pair(QString(KRC_SceneInfo::kPIO_KRMETA_Version), 1));
 }
 
 TEST(MetadataAccess, NullNameTakesTheFirstRecordOfTheTypeOrSubclass)
@@ -40,11 +38,10 @@ TEST(MetadataAccess, NullNameTakesTheFirstRecordOfTheTypeOrSubclass)
     metas.add(named);
     metas.add(new KRC_SceneInfo(QStringLiteral("second")));
 
-    EXPECT_EQ(named, PIO_MetadataAccess<KRC_SceneInfo>(&metas).get());
-    EXPECT_EQ(4, metas.size());
-    EXPECT_EQ(panel, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()));
-    EXPECT_EQ(panel, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QStringLiteral("p")));
-    EXPECT_EQ(nullptr, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QStringLiteral("q")));
+    EXPECT_TRUE(PIO_MetadataAccess<KRC_SceneInfo>(&metas).get() == named && metas.size() == 4);
+    EXPECT_TRUE(PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()) == panel
+        && PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QStringLiteral("p")) == panel
+        && !PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QStringLiteral("q")));
 }
 
 TEST(MetadataAccess, NamedLookupMatchesOnlyThatNameAndCreatesANewOne)
@@ -70,8 +67,7 @@ TEST(MetadataAccess, LaterReadsLookAgainWithoutCreating)
 {
     PIO_Metadatas metas;
     auto access = PIO_MetadataAccess<KRC_PanelInfo>::lookupOnly(&metas);
-    EXPECT_EQ(nullptr, access.get());
-    EXPECT_TRUE(metas.isEmpty());
+    EXPECT_TRUE(!access.get() && metas.isEmpty());
     auto* added = new KRC_PanelInfo();
     metas.add(added);
     EXPECT_EQ(added, access.get());
@@ -90,8 +86,8 @@ TEST(MetadataAccess, LookupsFollowRecordsTakenAndCleared)
     metas.add(scene);
     ASSERT_TRUE(metas.take(panel));
     delete panel;
-    EXPECT_EQ(nullptr, PIO_MetadataAccess<KRC_PanelInfo>::find(&metas, QString()));
-    EXPECT_EQ(scene, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()));
+    EXPECT_TRUE(!PIO_MetadataAccess<KRC_PanelInfo>::find(&metas, QString())
+        && PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()) == scene);
     metas.clear();
     metas.add(panel = new KRC_PanelInfo());
     EXPECT_EQ(panel, PIO_MetadataAccess<KRC_ObjInfo>::find(&metas, QString()));

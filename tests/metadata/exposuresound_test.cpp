@@ -28,15 +28,13 @@ TEST(ExposurePoints, OnlyTheFirstPointBecomesPrimary)
 {
     KRC_ExposurePoints points;
     EXPECT_EQ(1, points.getPrimaryExposureFrame(100));
-    EXPECT_TRUE(points.insertExposurePoint(0.5f));
-    EXPECT_FALSE(points.insertExposurePoint(0.5f));
-    EXPECT_TRUE(points.insertExposurePoint(0.25f));
+    EXPECT_TRUE(points.insertExposurePoint(0.5f) && !points.insertExposurePoint(0.5f)
+        && points.insertExposurePoint(0.25f));
     EXPECT_EQ(0.5f, points.getPrimaryExposurePoint());
     EXPECT_EQ(QStringLiteral("primaryExposure=0.5, Others=0.25, 0.5, \n"),
         metatest::dumpOf(points).section(QLatin1Char('\n'), -2));
     EXPECT_TRUE(points.removeExposurePoint(0.5f) && points.removeExposurePoint(0.25f));
-    EXPECT_EQ(0.0f, points.getPrimaryExposurePoint());
-    EXPECT_TRUE(points.isPrimaryExposurePoint(0.5f));
+    EXPECT_TRUE(points.getPrimaryExposurePoint() == 0.0f && points.isPrimaryExposurePoint(0.5f));
     points.setPrimaryExposurePoint(-0.1f);
     EXPECT_FALSE(points.isValid());
 }
@@ -53,8 +51,7 @@ TEST(SoundAnnotation, IdsCountDeletedEntries)
     EXPECT_EQ(9, sounds.add(QStringLiteral("e.wav")));
     EXPECT_FALSE(sounds.move(42, QStringLiteral("x.wav")));
     EXPECT_TRUE(sounds.markDeleted(9, true) && sounds.move(9, QStringLiteral("f.wav")));
-    EXPECT_EQ(QStringLiteral("d.wav"), sounds.filePath(8));
-    EXPECT_EQ(4u, sounds.count());
+    EXPECT_EQ(std::pair(QStringLiteral("d.wav"), 4u), std::pair(sounds.filePath(8), sounds.count()));
 }
 
 TEST(PanelRecordReaders, SkipWhatDoesNotParseAndKeepTheLastOfAnId)
@@ -65,8 +62,7 @@ TEST(PanelRecordReaders, SkipWhatDoesNotParseAndKeepTheLastOfAnId)
                        "<soundFile id=\"5\" path=\"c\"/></soundAnnotation>"),
         sounds);
     ASSERT_TRUE(sound);
-    EXPECT_EQ(1u, sound->count());
-    EXPECT_EQ(QStringLiteral("c"), sound->filePath(5));
+    EXPECT_EQ(std::pair(1u, QStringLiteral("c")), std::pair(sound->count(), sound->filePath(5)));
     KRC_ExposurePoints* point = metatest::readRecord<KRC_ExposurePoints>(
         QStringLiteral(
             "<exposurePoints primaryExposure=\"?\"><pt value=\"0.5\"/><pt value=\"\"/></exposurePoints>"),

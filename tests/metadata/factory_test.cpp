@@ -47,8 +47,7 @@ TEST(Factory, UnknownKeywordsGoToTheBaseFactory)
 
     std::unique_ptr<PIO_Metadata> generic(factory->createMeta(
         PIO_MetadataInt::kKeyword, QStringLiteral("projectStartTime"), QString(), QString()));
-    ASSERT_TRUE(generic);
-    EXPECT_TRUE(dynamic_cast<PIO_MetadataInt*>(generic.get()));
+    ASSERT_TRUE(dynamic_cast<PIO_MetadataInt*>(generic.get()));
     EXPECT_EQ(QStringLiteral("projectStartTime"), generic->metaName());
 
     // Comparison is exact: neither case nor surrounding blanks are forgiven.

@@ -57,10 +57,11 @@ TEST(HandleRecords, TheFirstHandleAddsOneRecordToItsOwnScene)
     Panel_t const panel = board->getPanelAt(6, previous);
     Shot_t const shot = panel.shot();
     ASSERT_EQ(secondPanel, panel.symbol());
-    EXPECT_TRUE(symbol->metadatas()->contains(shot.sceneInfo()));
-    EXPECT_TRUE(secondPanel->metadatas()->contains(panel.panelInfo()));
-    EXPECT_EQ(0, countIn<KRC_PanelInfo>(firstPanel));
-    EXPECT_EQ(0, countIn<KRC_SceneInfo>(sceneOf(board.project(), board.shot(1))));
+    EXPECT_TRUE(symbol->metadatas()->contains(shot.sceneInfo())
+        && secondPanel->metadatas()->contains(panel.panelInfo()));
+    EXPECT_EQ(std::pair(0, 0),
+        std::pair(countIn<KRC_PanelInfo>(firstPanel),
+            countIn<KRC_SceneInfo>(sceneOf(board.project(), board.shot(1)))));
 
     // New handles on the same scenes find the records instead of adding others.
     board->setCacheEnabled(false);
@@ -68,15 +69,13 @@ TEST(HandleRecords, TheFirstHandleAddsOneRecordToItsOwnScene)
         EXPECT_EQ(shot.sceneInfo(), board->getShotAt(frame, previous).sceneInfo());
         EXPECT_EQ(panel.panelInfo(), board->getPanelAt(frame, previous).panelInfo());
     }
-    EXPECT_EQ(1, countIn<KRC_SceneInfo>(symbol));
-    EXPECT_EQ(1, countIn<KRC_PanelInfo>(secondPanel));
+    EXPECT_EQ(
+        std::pair(1, 1), std::pair(countIn<KRC_SceneInfo>(symbol), countIn<KRC_PanelInfo>(secondPanel)));
 
     // A handle without a scene makes nothing and has no record.
     Shot_t const sceneless(board.timeline()->getBlock(1), nullptr, nullptr);
-    EXPECT_EQ(nullptr, sceneless.sceneInfo());
-    EXPECT_EQ(nullptr, Panel_t(shot.frameBlock(), nullptr, sceneless, nullptr).panelInfo());
-    EXPECT_EQ(nullptr, Shot_t::invalid.sceneInfo());
-    EXPECT_EQ(nullptr, Panel_t::invalid.panelInfo());
+    EXPECT_TRUE(!sceneless.sceneInfo() && !Panel_t(shot.frameBlock(), nullptr, sceneless, nullptr).panelInfo()
+        && !Shot_t::invalid.sceneInfo() && !Panel_t::invalid.panelInfo());
 }
 
 TEST(HandleRecords, GetShotAtMarksOnlyAFreshRecord)
@@ -97,9 +96,10 @@ TEST(HandleRecords, GetShotAtMarksOnlyAFreshRecord)
         }
         Shot_t const shot = board->getShotAt(2, previous);
         ASSERT_NE(nullptr, shot.sceneInfo());
-        EXPECT_EQ(QString::fromLatin1(nameAfter), shot.sceneInfo()->name().value()) << value << flag;
-        EXPECT_EQ(flagAfter, shot.sceneInfo()->name().flag()) << value << flag;
-        EXPECT_EQ(1, countIn<KRC_SceneInfo>(symbol));
+        EXPECT_EQ(std::tuple(QString::fromLatin1(nameAfter), flagAfter, 1),
+            std::tuple(shot.sceneInfo()->name().value(), shot.sceneInfo()->name().flag(),
+                countIn<KRC_SceneInfo>(symbol)))
+            << value << flag;
     }
 }
 
@@ -109,13 +109,12 @@ TEST(HandleRecords, AShotMadeOutsideGetShotAtKeepsItsRecordFresh)
     TUScene* symbol = sceneOf(board.project(), board.shot(0));
     Shot_t const shot(board.timeline()->getBlock(1), symbol, nullptr);
     ASSERT_NE(nullptr, shot.sceneInfo());
-    EXPECT_FALSE(shot.sceneInfo()->isValid());
-    EXPECT_TRUE(shot.name().isEmpty());
+    EXPECT_TRUE(!shot.sceneInfo()->isValid() && shot.name().isEmpty());
 
     // The view's cache does not hold this handle, so its lookup makes a new one and
     // marks the record that both share.
-    EXPECT_EQ(QStringLiteral("internalSymbol"), board->getShotAt(1, previous).name());
-    EXPECT_EQ(QStringLiteral("internalSymbol"), shot.name());
+    EXPECT_EQ(QStringList({ "internalSymbol", "internalSymbol" }),
+        QStringList({ board->getShotAt(1, previous).name(), shot.name() }));
 }
 
 TEST(HandleNames, OnlyCustomSequenceAndActNamesStand)
@@ -129,9 +128,10 @@ TEST(HandleNames, OnlyCustomSequenceAndActNamesStand)
         for (KRC_ObjectName* name : { &shot.sceneInfo()->sequenceName(), &shot.sceneInfo()->actName() })
             setName(*name, value, flag);
         Panel_t const panel = board->getPanelAt(6, previous);
-        for (QString const& answer :
-            { shot.sequenceName(), shot.actName(), panel.sequenceName(), panel.actName() })
-            EXPECT_EQ(QString::fromLatin1(expected), answer) << value << flag;
+        const QString e = QString::fromLatin1(expected);
+        EXPECT_EQ(QStringList({ e, e, e, e }),
+            QStringList({ shot.sequenceName(), shot.actName(), panel.sequenceName(), panel.actName() }))
+            << value << flag;
     }
 }
 
@@ -151,24 +151,22 @@ TEST(HandleNames, CustomNamesStandAndAutoNamesComeFromTheHelper)
     // A new scene record is custom and empty: its empty value stands.
     EXPECT_TRUE(shot.name().isEmpty());
     setName(shot.sceneInfo()->name(), "SH010", 0);
-    EXPECT_EQ(QStringLiteral("SH-auto"), shot.name());
+    QStringList names { shot.name() };
     shot.sceneInfo()->name().setFlag(KRC_ObjectName::kCustom | KRC_ObjectName::kLocked);
-    EXPECT_EQ(QStringLiteral("SH010"), shot.name());
-    EXPECT_EQ(QStringLiteral("SH010"), panel.shotName());
-
+    names << shot.name() << panel.shotName();
     // A new panel record is automatic.
-    EXPECT_EQ(QStringLiteral("P-auto"), panel.name());
+    names << panel.name();
     panel.panelInfo()->name().setValue(QStringLiteral("P1"));
-    EXPECT_EQ(QStringLiteral("P-auto"), panel.name());
+    names << panel.name();
     panel.panelInfo()->name().setFlag(KRC_ObjectName::kCustom);
-    EXPECT_EQ(QStringLiteral("P1"), panel.name());
+    EXPECT_EQ(QStringList({ "SH-auto", "SH010", "SH010", "P-auto", "P-auto", "P1" }), names << panel.name());
 
     // Without a record the helper answers; without a helper too, a null string.
     EXPECT_EQ(QStringLiteral("SH-auto"), Shot_t(shot.frameBlock(), nullptr, &helper).name());
-    EXPECT_TRUE(Panel_t(panelBlock, nullptr, shot, nullptr).name().isNull());
-    EXPECT_TRUE(Shot_t::invalid.name().isNull());
-    EXPECT_EQ(QStringLiteral("0"), Panel_t::invalid.sequenceName());
-    EXPECT_EQ(QStringLiteral("0"), Shot_t::invalid.actName());
+    EXPECT_TRUE(
+        Panel_t(panelBlock, nullptr, shot, nullptr).name().isNull() && Shot_t::invalid.name().isNull());
+    EXPECT_EQ(QStringList({ "0", "0" }),
+        QStringList({ Panel_t::invalid.sequenceName(), Shot_t::invalid.actName() }));
 }
 
 // The view makes the reference tool record and each panel its options, exposure and
@@ -215,18 +213,17 @@ TEST(HandleRecords, RecordsSurviveTheEngineProjectFile)
     EXPECT_EQ(metatest::dumpOf(*panel.panelInfo()), metatest::dumpOf(*reloaded.panelInfo()));
     KRC_Property const* margin = reloaded.pdfOptions()->pdfOptions().getProperty("margin");
     ASSERT_TRUE(margin);
-    EXPECT_EQ(margin->propertyType(), 2);
-    EXPECT_FALSE(reloaded.pdfOptions()->exportEnabled());
-    EXPECT_TRUE(view.referenceToolData()->data() == tool->data());
-    EXPECT_EQ(view.referenceToolData()->options(), 3);
-    EXPECT_TRUE(reloaded.exposurePoints()->isPrimaryExposurePoint(0.75f));
+    EXPECT_TRUE(!reloaded.pdfOptions()->exportEnabled() && view.referenceToolData()->data() == tool->data()
+        && reloaded.exposurePoints()->isPrimaryExposurePoint(0.75f)
+        && reloaded.soundAnnotation()->filePath(3).isNull());
+    EXPECT_EQ(std::tuple(2, 3, 1u, QStringLiteral("sfx/steps.wav")),
+        std::tuple(margin->propertyType(), view.referenceToolData()->options(),
+            reloaded.soundAnnotation()->count(), reloaded.soundAnnotation()->filePath(4)));
     EXPECT_EQ(KRC_ExposurePoints::ExposureList { 0.125f }, reloaded.exposurePoints()->exposureList());
-    EXPECT_EQ(1u, reloaded.soundAnnotation()->count());
-    EXPECT_EQ(QStringLiteral("sfx/steps.wav"), reloaded.soundAnnotation()->filePath(4));
-    EXPECT_TRUE(reloaded.soundAnnotation()->filePath(3).isNull());
     // The view found the reloaded records rather than adding new ones.
-    EXPECT_EQ(1, countIn<KRC_SceneInfo>(sceneOf(loaded.get(), board.shot(0))));
-    EXPECT_EQ(1, countIn<KRC_PanelInfo>(sceneOf(loaded.get(), board.panel(0, 1))));
+    EXPECT_EQ(std::pair(1, 1),
+        std::pair(countIn<KRC_SceneInfo>(sceneOf(loaded.get(), board.shot(0))),
+            countIn<KRC_PanelInfo>(sceneOf(loaded.get(), board.panel(0, 1)))));
 }
 
 } // namespace

@@ -53,24 +53,23 @@ TEST(InfoXml, SceneInfoStoresWhatItCanAndZeroForBadFlags)
 {
     // inner XML, name, its flag, sequence name, its flag
     const std::tuple<char const*, char const*, int, char const*, int> cases[] = {
-        { "<sceneInfo/>", "", 0, "", 0 },
-        { "<sceneInfo name=\"A\" nameFlag=\"custom\"/>", "A", 0, "", 0 },
+        { "<sceneInfo/>", "", 0, "", 0 }, { "<sceneInfo name=\"A\" nameFlag=\"custom\"/>", "A", 0, "", 0 },
         { "<sceneInfo name=\"A\" nameFlag=\"0x2\"/>", "A", 0, "", 0 },
         { "<sceneInfo nameFlag=\"99999999999\" sequenceName=\"S\" sequenceNameFlag=\"1\"/>", "", 0, "S", 1 },
         { "<sceneInfo name=\"A\" nameFlag=\"\" sequenceNameFlag=\"3\"/>", "A", 0, "", 3 },
         { "<sceneInfo extra=\"1\" name=\"B\" nameFlag=\"2\"/>", "B", 2, "", 0 },
         { "<sceneInfo name=\"\" nameFlag=\"2\"/>", "", 2, "", 0 },
-        { "<sceneInfo name=\"C\" nameFlag=\"2\"><name value=\"D\"/></sceneInfo>", "C", 2, "", 0 },
+        { "<sceneInfo name=\"C\" nameFlag=\"2\"><name value=\"D\"/></sceneInfo>", "C", 2, "", 0 }
     };
     for (auto const& [inner, name, nameFlag, sequenceName, sequenceNameFlag] : cases) {
         std::unique_ptr<PIO_Metadatas> metas;
         auto* info = readRecord<KRC_SceneInfo>(QString::fromLatin1(inner), metas, defaultIdentity);
         ASSERT_NE(nullptr, info) << inner;
-        EXPECT_FALSE(info->name().value().isNull()) << inner;
-        EXPECT_EQ(QString::fromLatin1(name), info->name().value()) << inner;
-        EXPECT_EQ(nameFlag, info->name().flag()) << inner;
-        EXPECT_EQ(QString::fromLatin1(sequenceName), info->sequenceName().value()) << inner;
-        EXPECT_EQ(sequenceNameFlag, info->sequenceName().flag()) << inner;
+        EXPECT_EQ(std::tuple(false, QString::fromLatin1(name), nameFlag, QString::fromLatin1(sequenceName),
+                      sequenceNameFlag),
+            std::tuple(info->name().value().isNull(), info->name().value(), info->name().flag(),
+                info->sequenceName().value(), info->sequenceName().flag()))
+            << inner;
     }
 }
 
@@ -84,8 +83,8 @@ TEST(InfoXml, PanelInfoWithoutExportFlagStoresZero)
         std::unique_ptr<PIO_Metadatas> metas;
         auto* info = readRecord<KRC_PanelInfo>(QString::fromLatin1(inner), metas, defaultIdentity);
         ASSERT_NE(nullptr, info) << inner;
-        EXPECT_EQ(exportFlag, info->exportFlag()) << inner;
-        EXPECT_EQ(nameFlag, info->name().flag()) << inner;
+        EXPECT_EQ(std::pair(exportFlag, nameFlag), std::pair(info->exportFlag(), info->name().flag()))
+            << inner;
     }
 }
 
@@ -96,16 +95,14 @@ TEST(InfoXml, TheRecordIsForgottenAtTheFirstEndOfElement)
     auto* untouched = readRecord<KRC_SceneInfo>(
         QStringLiteral("<other/><sceneInfo name=\"A\" nameFlag=\"0\"/>"), late, defaultIdentity);
     ASSERT_NE(nullptr, untouched);
-    EXPECT_TRUE(untouched->name().value().isNull());
-    EXPECT_TRUE(untouched->name().isCustom());
+    EXPECT_TRUE(untouched->name().value().isNull() && untouched->name().isCustom());
 
     // A second element finds nothing to write to.
     auto* info = readRecord<KRC_PanelInfo>(
         QStringLiteral("<panelInfo name=\"A\" exportFlag=\"1\"/><panelInfo name=\"B\"/>"), twice,
         defaultIdentity);
     ASSERT_NE(nullptr, info);
-    EXPECT_EQ(QStringLiteral("A"), info->name().value());
-    EXPECT_EQ(1, info->exportFlag());
+    EXPECT_EQ(std::pair(QStringLiteral("A"), 1), std::pair(info->name().value(), info->exportFlag()));
 }
 
 TEST(InfoXml, AVersionNeverHeardOfIsReadAllTheSame)

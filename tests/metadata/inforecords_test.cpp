@@ -17,10 +17,10 @@ TEST(InfoRecords, NewRecordsStartCustomEmptyForScenesAndAutoWithExport13ForPanel
 {
     const KRC_SceneInfo scene(QStringLiteral("n"));
     EXPECT_TRUE(scene.name().value().isNull() && scene.sequenceName().value().isNull());
-    EXPECT_EQ(KRC_ObjectName::kCustom, scene.name().flag());
-    EXPECT_EQ(0, scene.sequenceName().flag() | scene.actName().flag());
-    EXPECT_EQ(QString::fromUtf8(whoami::progName()), scene.creator());
-    EXPECT_EQ(QStringLiteral("1.0"), scene.version());
+    EXPECT_EQ(std::tuple(int(KRC_ObjectName::kCustom), 0, QString::fromUtf8(whoami::progName()),
+                  QStringLiteral("1.0")),
+        std::tuple(scene.name().flag(), scene.sequenceName().flag() | scene.actName().flag(), scene.creator(),
+            scene.version()));
 
     KRC_PanelInfo panel;
     EXPECT_EQ(0, panel.name().flag());
@@ -36,13 +36,13 @@ TEST(InfoRecords, OnlyACustomEmptyNameIsInvalidAndOnlyALockBitForbidsRenaming)
         KRC_PanelInfo panel;
         setName(scene.name(), value, flag);
         setName(panel.name(), value, flag);
-        EXPECT_EQ(valid, scene.isValid()) << value << flag;
-        EXPECT_EQ(valid, panel.isValid()) << value << flag;
         scene.sequenceName().setFlag(flag);
-        EXPECT_EQ((flag & 1) == 0, scene.canModifySequenceName()) << flag;
-        EXPECT_TRUE(scene.canModifyActName()) << flag;
+        const bool actBefore = scene.canModifyActName();
         scene.actName().setFlag(flag);
-        EXPECT_EQ((flag & 1) == 0, scene.canModifyActName()) << flag;
+        EXPECT_EQ(std::tuple(valid, valid, (flag & 1) == 0, true, (flag & 1) == 0),
+            std::tuple(scene.isValid(), panel.isValid(), scene.canModifySequenceName(), actBefore,
+                scene.canModifyActName()))
+            << value << flag;
     }
 }
 

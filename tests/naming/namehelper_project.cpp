@@ -142,12 +142,9 @@ struct Scenario
 const Scenario kScenarios[] = {
     // Shots start custom-named; as auto names they count over the whole project.
     { "S[2,2,2] S[4] T2 S[2,2]", "", &Board::makeShotsAuto, "1 2 3 / 1 2 3|1|1 2" },
-    { "S[1,1,1,1]", ". 3 . .", nullptr, "1 3 4 5" },
-    { "S[1]", ".", nullptr, "1" },
-    { "S[1,1,1,1]", "1 1 . .", nullptr, "1 1 3 4" },
-    { "S[1,1,1,1]", ". 1 1 .", nullptr, "2 1 1 4" },
-    { "S[1,1,1,1]", ". . 2 .", nullptr, "1 3 2 4" },
-    { "S[1,1]", "- .", nullptr, "- 2" },
+    { "S[1,1,1,1]", ". 3 . .", nullptr, "1 3 4 5" }, { "S[1]", ".", nullptr, "1" },
+    { "S[1,1,1,1]", "1 1 . .", nullptr, "1 1 3 4" }, { "S[1,1,1,1]", ". 1 1 .", nullptr, "2 1 1 4" },
+    { "S[1,1,1,1]", ". . 2 .", nullptr, "1 3 2 4" }, { "S[1,1]", "- .", nullptr, "- 2" },
     { "S[1,1,1]", ". B .", nullptr, "1 B 3" },
     { "S[1,1,1]", "", [](Board& b) { b.panelLetters(-1); }, "A B C" },
     { "S[1,1,1]", "", [](Board& b) { b.panelLetters(2); }, "0A 0B 0C" },
@@ -168,7 +165,7 @@ const Scenario kScenarios[] = {
                 && HostAuthoring::insertShot(b.board.project(), 1, { 4 }).value());
             b.makeShotsAuto();
         },
-        "1 2 / 1 2|1" },
+        "1 2 / 1 2|1" }
 };
 
 TEST(ProjectNames, AutoNamesAroundCustomNamesUnderPreferencesRecordsAndEdits)
@@ -194,9 +191,8 @@ TEST(ProjectNames, TheProjectKeepsOneRulesRecordAndTheHelperNamesByPlace)
     Board names("S[2,2,2] S[4]");
     KRC_NamingRules* rules = names.board->namingRules();
     ASSERT_NE(rules, nullptr);
-    EXPECT_EQ(names.board->namingRules(), rules);
-    EXPECT_TRUE(names.board.project()->metadatas()->contains(rules));
-    EXPECT_FALSE(rules->overloadingPref());
+    EXPECT_TRUE(names.board->namingRules() == rules && names.board.project()->metadatas()->contains(rules)
+        && !rules->overloadingPref());
     // Without a project's record the helper names by the preferences.
     KRC_KrolleProject without(nullptr);
     EXPECT_EQ(without.namingRules(), nullptr);
@@ -293,8 +289,7 @@ TEST(ProjectProposals, NewShotsAndShotsThatFollowTheRules)
     // The first shot: between nothing and "25" the next multiple, 10, lies below the middle.
     EXPECT_TRUE(helper.shotNameFollowsRules(first));
     names.nameShot(0, "12");
-    EXPECT_FALSE(helper.shotNameFollowsRules(first));
-    EXPECT_FALSE(helper.shotNameFollowsRules(SC_Id()));
+    EXPECT_FALSE(helper.shotNameFollowsRules(first) || helper.shotNameFollowsRules(SC_Id()));
     shots.setAutomaticLeadingZeros(true);
     shots.setNumberOfZeros(3);
     EXPECT_EQ(helper.getPreferedNewSceneName(SC_Id(), true), QStringLiteral("010"));
@@ -306,8 +301,7 @@ TEST(ProjectProposals, NewShotsAndShotsThatFollowTheRules)
     EXPECT_TRUE(helper.getPreferedNewSceneName(SC_Id(), true).isNull());
     names.makeShotsAuto();
     // The stored value of an auto name counts, not the computed one: there is none.
-    EXPECT_TRUE(helper.getPreferedNewSceneName(first, true).isNull());
-    EXPECT_FALSE(helper.shotNameFollowsRules(second));
+    EXPECT_TRUE(helper.getPreferedNewSceneName(first, true).isNull() && !helper.shotNameFollowsRules(second));
     names.nameShot(1, "");
     EXPECT_TRUE(helper.shotNameFollowsRules(second));
 }
@@ -345,8 +339,7 @@ TEST(ProjectProposals, NewPanelsLookOnlyInsideTheirShot)
                   propose(1, 1, 0, false), propose(1, 0, 1, true) }),
         Names({ "15", "30", "50", "10", "10" }));
     panels.setAutoIncrementRule(KRC_NamingRules::Rule_Numeric);
-    EXPECT_TRUE(propose(1, 0, 1, true).isNull());
-    EXPECT_EQ(propose(0, 0, 0, true), QStringLiteral("11"));
+    EXPECT_TRUE(propose(1, 0, 1, true).isNull() && propose(0, 0, 0, true) == QStringLiteral("11"));
 }
 
 } // namespace

@@ -122,8 +122,8 @@ TEST(RulesPreferences, ByNSwitchWinsOverTheRuleKey)
     prefs->setIntValue(QStringLiteral("ST_SHOT_NAME_AUTO_INCREMENT_RULE"), 2);
     EXPECT_EQ(record.shotRules().autoIncrementRule(), KRC_NamingRules::Rule_AlphaZPrefix);
     prefs->setBoolValue(QStringLiteral("ST_SHOT_NAME_AUTO_INCREMENT_BY_N"), true);
-    EXPECT_EQ(record.shotRules().autoIncrementRule(), KRC_NamingRules::Rule_ByN);
-    EXPECT_EQ(record.panelRules().autoIncrementRule(), KRC_NamingRules::Rule_Numeric);
+    EXPECT_EQ(std::pair(record.shotRules().autoIncrementRule(), record.panelRules().autoIncrementRule()),
+        std::pair(KRC_NamingRules::Rule_ByN, KRC_NamingRules::Rule_Numeric));
     // Under override the stored field answers, whatever the switch says.
     record.shotRules().setAutoIncrementRule(KRC_NamingRules::Rule_Alpha);
     record.setOverloadingPref(true);
@@ -140,19 +140,16 @@ TEST(RulesPreferences, RecordSwitchesFollowTheirPreferencesUntilAnOverrideFreeze
     prefs->clear();
     KRC_NamingRules later;
     later.setAutoShowTotal(true);
-    EXPECT_FALSE(later.autoShowTotal());
-    EXPECT_FALSE(later.enabledAct());
+    EXPECT_FALSE(later.autoShowTotal() || later.enabledAct());
     prefs->setBoolValue(QStringLiteral("ST_ENABLE_ACT"), true);
     EXPECT_TRUE(later.enabledAct());
     later.setOverloadingPref(true);
-    EXPECT_TRUE(later.autoShowTotal());
-    EXPECT_FALSE(later.enabledAct());
+    EXPECT_TRUE(later.autoShowTotal() && !later.enabledAct());
 
     record.setOverloadingPref(true);
-    EXPECT_EQ(record.panelRules().numberOfZeros(), 3);
-    EXPECT_EQ(record.panelRules().autoIncrementRule(), KRC_NamingRules::Rule_ByN);
-    EXPECT_TRUE(record.enabledAct());
-    EXPECT_EQ(record.shotRules().numberOfZeros(), 2);
+    EXPECT_EQ(std::tuple(record.panelRules().numberOfZeros(), record.panelRules().autoIncrementRule(),
+                  record.enabledAct(), record.shotRules().numberOfZeros()),
+        std::tuple(3, KRC_NamingRules::Rule_ByN, true, 2));
 }
 
 TEST(NamingRulesStrings, DelimitersAndSuffixTypes)
@@ -171,8 +168,7 @@ TEST(NamingRulesCompare, StoredValuesCountNotTheRulesOwnSwitch)
     KRC_NamingRules a, b, overriding;
     overriding.setOverloadingPref(true);
     b.shotRules() = overriding.shotRules(); // assignment carries the rules' own switch
-    EXPECT_TRUE(a == b);
-    EXPECT_TRUE(a != overriding);
+    EXPECT_TRUE(a == b && a != overriding);
     for (const Setting& s : kSettings) {
         KRC_NamingRules c;
         s.set(c.panelRules(), s.other(s.get(a.panelRules())));
@@ -180,8 +176,7 @@ TEST(NamingRulesCompare, StoredValuesCountNotTheRulesOwnSwitch)
     }
     KRC_NamingRules d = overriding;
     d.setEnabledAct(!overriding.enabledAct());
-    EXPECT_TRUE(d != overriding);
-    EXPECT_TRUE(Rules(QStringLiteral("shot")) != Rules(QStringLiteral("Shot")));
+    EXPECT_TRUE(d != overriding && Rules(QStringLiteral("shot")) != Rules(QStringLiteral("Shot")));
 }
 
 TEST(NamingRulesCopy, CopiesAreDeepAndClonesKeepTheIdentity)
@@ -201,8 +196,7 @@ TEST(NamingRulesCopy, CopiesAreDeepAndClonesKeepTheIdentity)
     EXPECT_TRUE(*copy == source);
     EXPECT_EQ(QStringList({ copy->metaType(), copy->metaName(), copy->creator(), copy->version() }),
         QStringList({ "namingRules", "rules", "elsewhere", "1.0" }));
-    EXPECT_TRUE(KRC_NamingRules().isValid());
-    EXPECT_EQ(KRC_NamingRules().version(), QStringLiteral("2.0"));
+    EXPECT_TRUE(KRC_NamingRules().isValid() && KRC_NamingRules().version() == QStringLiteral("2.0"));
 }
 
 } // namespace

@@ -76,8 +76,7 @@ TEST_F(NamingRulesXml, WritesTheStoredValuesInFormatOrderAndReadsThemBack)
 
     auto* read = first<KRC_NamingRules>(metas.get());
     ASSERT_NE(read, nullptr);
-    EXPECT_TRUE(*read == rules);
-    EXPECT_EQ(read->version(), QStringLiteral("2.0"));
+    EXPECT_TRUE(*read == rules && read->version() == QStringLiteral("2.0"));
     rules.setOverloadingPref(true);
     EXPECT_TRUE(first<KRC_NamingRules>(roundTrip(rules).get())->overloadingPref());
 }
@@ -89,8 +88,7 @@ template <class Expect> void expectRead(PIO_Metadatas* metas, Expect expect)
     ASSERT_NE(read, nullptr);
     KRC_NamingRules expected;
     expect(expected);
-    EXPECT_TRUE(*read == expected);
-    EXPECT_EQ(read->creator(), QStringLiteral("elsewhere"));
+    EXPECT_TRUE(*read == expected && read->creator() == QStringLiteral("elsewhere"));
 }
 
 TEST_F(NamingRulesXml, RulesElementReadsIntegersAlwaysAndBooleansOnlyWhenTheyParse)

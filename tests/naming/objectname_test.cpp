@@ -16,15 +16,14 @@ TEST(ObjectName, FlagBitsAreIndependentAndSetFlagReturnsThePreviousWord)
     } rows[] = { { 0, false, false }, { 1, true, false }, { 2, false, true }, { 3, true, true },
         { 4, false, false }, { -1, true, true } };
     KRC_ObjectName name;
-    EXPECT_TRUE(name.value().isNull());
-    EXPECT_TRUE(name.isAuto() && !name.isLocked());
+    EXPECT_TRUE(name.value().isNull() && name.isAuto() && !name.isLocked());
     int previous = 0;
     for (const auto& r : rows) {
         EXPECT_EQ(name.setFlag(r.flag), previous);
         previous = r.flag;
-        EXPECT_EQ(name.isLocked(), r.locked) << r.flag;
-        EXPECT_EQ(name.isCustom(), r.custom) << r.flag;
-        EXPECT_EQ(name.isAuto(), !r.custom) << r.flag;
+        EXPECT_EQ(std::tuple(name.isLocked(), name.isCustom(), name.isAuto()),
+            std::tuple(r.locked, r.custom, !r.custom))
+            << r.flag;
     }
 }
 

@@ -43,9 +43,8 @@ TEST(PropertiedObject, ReplacingKeepsThePlaceAndDeletesTheOldOne)
     KRC_Property* replacement = object.addProperty("b", QString("two"));
     EXPECT_EQ(recorder.events, PropertyEvents({ { 'd', b } }));
     EXPECT_EQ(names(object), QStringList({ "a", "b", "c" }));
-    EXPECT_EQ(object.getProperty("b"), replacement);
-    EXPECT_EQ(object.addProperty(replacement), replacement);
-    EXPECT_EQ(object.propertiesCount(), 3u);
+    EXPECT_TRUE(object.getProperty("b") == replacement && object.addProperty(replacement) == replacement
+        && object.propertiesCount() == 3u);
 
     object.removeProperty("a");
     object.removeProperty("missing");
@@ -59,8 +58,8 @@ TEST(PropertiedObject, AddOperationsBuildTheirKindsAndDefinitions)
     KRC_PropertiedObject object;
     KRC_Property* plain
         = object.addPropertyFromList("l", 1, QVariantList(), true, true, "L", "S", false, false);
-    EXPECT_EQ(plain->propertyType(), 0); // no choices: a plain property
-    EXPECT_FALSE(plain->regenarationScript("o").contains("possValues"));
+    // No choices: a plain property.
+    EXPECT_TRUE(plain->propertyType() == 0 && !plain->regenarationScript("o").contains("possValues"));
     auto list = dynamic_cast<KRC_PropertyFromList*>(
         object.addPropertyFromList("m", 1, QVariantList { "k", 1, "x" }, false, true));
     ASSERT_TRUE(list);
@@ -100,14 +99,12 @@ TEST(PropertiedObject, CompareRunsOneWayOverTheVirtualList)
     KRC_PropertiedObject full;
     KRC_PropertiedObject empty;
     full.addProperty("a", 1);
-    EXPECT_TRUE(full.propertiesCompare(&empty));
-    EXPECT_FALSE(empty.propertiesCompare(&full));
+    EXPECT_TRUE(full.propertiesCompare(&empty) && !empty.propertiesCompare(&full));
 
     Extended extended;
     extended.addProperty("a", 1); // hidden behind the subclass's own "a"
     extended.addProperty("b", 2);
-    EXPECT_EQ(extended.propertiesCount(), 2u);
-    EXPECT_FALSE(full.propertiesCompare(&extended));
+    EXPECT_TRUE(extended.propertiesCount() == 2u && !full.propertiesCompare(&extended));
     KRC_PropertiedObject same;
     same.addProperty("a", 100);
     same.addProperty("b", 2);
@@ -115,11 +112,9 @@ TEST(PropertiedObject, CompareRunsOneWayOverTheVirtualList)
 
     // A null entry of a subclass is passed over by every walk of the list.
     extended.withNull = true;
-    EXPECT_TRUE(same.propertiesCompare(&extended));
-    EXPECT_EQ(extended.propertiesCount(), 3u);
+    EXPECT_TRUE(same.propertiesCompare(&extended) && extended.propertiesCount() == 3u);
     same.propertiesSetFrom(&extended);
-    EXPECT_EQ(names(same), QStringList({ "a", "b" }));
-    EXPECT_EQ(same.getPropertyInt("a", 0), 100);
+    EXPECT_EQ(std::pair(names(same), same.getPropertyInt("a", 0)), std::pair(QStringList({ "a", "b" }), 100));
 }
 
 TEST(PropertiedObject, CopyOperationsMoveValuesOrClones)
@@ -133,8 +128,7 @@ TEST(PropertiedObject, CopyOperationsMoveValuesOrClones)
     target.propertyCopyFrom(&source, "r", "");
     EXPECT_EQ(target.getProperty("r")->value(), QVariant(QString("3"))); // the target keeps its type
     target.propertyCopyFrom(&source, "r", "copy");
-    EXPECT_EQ(target.getProperty("copy")->propertyType(), 0);
-    EXPECT_FALSE(target.getProperty("copy")->definition());
+    EXPECT_TRUE(target.getProperty("copy")->propertyType() == 0 && !target.getProperty("copy")->definition());
     target.propertyCopyFrom(&source, "missing", "");
     target.propertiesCopyFrom(&source, false);
     EXPECT_EQ(names(target), QStringList({ "r", "copy" }));
@@ -143,9 +137,9 @@ TEST(PropertiedObject, CopyOperationsMoveValuesOrClones)
 
     target.propertiesSetFrom(&source);
     EXPECT_EQ(names(target), QStringList({ "r", "s" }));
-    EXPECT_EQ(target.getProperty("r")->propertyType(), 2);
-    EXPECT_EQ(target.getProperty("r")->definition(), source.getProperty("r")->definition());
-    EXPECT_NE(target.getProperty("r"), source.getProperty("r"));
+    EXPECT_TRUE(target.getProperty("r")->propertyType() == 2
+        && target.getProperty("r")->definition() == source.getProperty("r")->definition()
+        && target.getProperty("r") != source.getProperty("r"));
 
     KRC_PropertiedObject copy(source);
     copy.setProperty("s", QString("changed"));
@@ -172,9 +166,9 @@ TEST(PropertiedObject, XmlStoresOwnedPropertiesAndLoadsOnlyKnownOnes)
     reloaded.addProperty("n", 0);
     reloaded.addProperty("s", QString());
     ASSERT_TRUE(reloaded.load(element));
-    EXPECT_EQ(reloaded.getPropertyInt("n", 0), 7);
-    EXPECT_EQ(reloaded.getPropertyString("s", ""), QString("x"));
-    EXPECT_EQ(reloaded.propertiesCount(), 2u);
+    EXPECT_EQ(std::tuple(reloaded.getPropertyInt("n", 0), reloaded.getPropertyString("s", ""),
+                  reloaded.propertiesCount()),
+        std::tuple(7, QString("x"), size_t(2)));
 
     KRC_PropertiedObject failing;
     failing.addProperty("n", 0);

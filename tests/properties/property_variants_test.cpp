@@ -24,12 +24,10 @@ TEST(PropertyFactory, BuildsKindsZeroToFourOnly)
     for (int type = 0; type <= 4; ++type) {
         std::unique_ptr<KRC_Property> property(KRC_PropertyFactory::create(type, "n"));
         ASSERT_TRUE(property);
-        EXPECT_EQ(property->propertyType(), type);
-        EXPECT_EQ(property->name(), QString("n"));
-        EXPECT_FALSE(property->isValid());
+        EXPECT_EQ(std::tuple(property->propertyType(), property->name(), property->isValid()),
+            std::tuple(type, QString("n"), false));
     }
-    EXPECT_EQ(KRC_PropertyFactory::create(5, "n"), nullptr);
-    EXPECT_EQ(KRC_PropertyFactory::create(-1, "n"), nullptr);
+    EXPECT_TRUE(!KRC_PropertyFactory::create(5, "n") && !KRC_PropertyFactory::create(-1, "n"));
 }
 
 TEST(PropertyFromRange, SetValueClampsAboveAndRefusesBelow)
@@ -47,9 +45,9 @@ TEST(PropertyFromRange, SetValueClampsAboveAndRefusesBelow)
         PropertyRecorder recorder;
         recorder.registerObservable(&range);
         QtWarningCapture capture;
-        EXPECT_EQ(range.setValue(c.set), c.accepted) << qPrintable(c.set.toString());
-        EXPECT_EQ(range.value(), c.stored) << qPrintable(c.set.toString());
-        EXPECT_EQ(recorder.events.size(), c.accepted ? 1u : 0u) << qPrintable(c.set.toString());
+        EXPECT_EQ((std::tuple { range.setValue(c.set), range.value(), recorder.events.size() }),
+            std::tuple(c.accepted, c.stored, size_t(c.accepted ? 1 : 0)))
+            << qPrintable(c.set.toString());
         EXPECT_EQ(capture.warnings(), c.warning.isEmpty() ? QStringList() : QStringList(c.warning));
     }
 }
@@ -57,12 +55,11 @@ TEST(PropertyFromRange, SetValueClampsAboveAndRefusesBelow)
 TEST(PropertyFromRange, ConstructionMendsTheValue)
 {
     QtWarningCapture capture;
-    EXPECT_EQ(KRC_PropertyFromRange("r", -3, 0, 10, nullptr).value(), QVariant(0));
-    EXPECT_EQ(KRC_PropertyFromRange("r", 20, 0, 10, nullptr).value(), QVariant(10));
+    EXPECT_EQ(QVariantList({ KRC_PropertyFromRange("r", -3, 0, 10, nullptr).value(),
+                  KRC_PropertyFromRange("r", 20, 0, 10, nullptr).value() }),
+        QVariantList({ 0, 10 }));
     KRC_PropertyFromRange mixed("r", 4, 0.0, 9.5, nullptr);
-    EXPECT_EQ(mixed.value(), QVariant(0));
-    EXPECT_EQ(mixed.min(), QVariant(0));
-    EXPECT_EQ(mixed.max(), QVariant(0));
+    EXPECT_EQ(QVariantList({ mixed.value(), mixed.min(), mixed.max() }), QVariantList({ 0, 0, 0 }));
     EXPECT_EQ(capture.warnings(), QStringList({ kLower, kOver, kType }));
     std::unique_ptr<KRC_Property> copy(KRC_PropertyFromRange("d", 2.5, 1.0, 3.0, nullptr).clone());
     EXPECT_EQ(copy->propertyType(), 2);
@@ -72,13 +69,11 @@ TEST(PropertyFromList, ValidateTestsTypesNotMembership)
 {
     const QMap<QString, QVariant> numbers { { "one", 1 }, { "two", 2 } };
     KRC_PropertyFromList other("l", 7, numbers, false, false, nullptr);
-    EXPECT_TRUE(other.validate(false));
-    EXPECT_EQ(other.toInt(), 7);
+    EXPECT_TRUE(other.validate(false) && other.toInt() == 7);
     EXPECT_FALSE(KRC_PropertyFromList("l", QString("x"), numbers, false, false, nullptr).isValid());
 
     KRC_PropertyFromList emptyMultiple("l", QVariantList(), numbers, true, true, nullptr);
-    EXPECT_FALSE(emptyMultiple.validate(true));
-    EXPECT_EQ(emptyMultiple.value(), QVariant(QVariantList()));
+    EXPECT_TRUE(!emptyMultiple.validate(true) && emptyMultiple.value() == QVariant(QVariantList()));
 
     EXPECT_TRUE(
         KRC_PropertyFromList("l", QVariantList { 1, 2 }, numbers, false, true, nullptr).validate(false));
@@ -112,8 +107,8 @@ TEST(PropertyFromCaptionList, SplitsOnUseAndGoesStaleAfterLoad)
     }
     QDataStream in(bytes);
     ASSERT_TRUE(captions.load(in));
-    EXPECT_EQ(captions.toString(), QString("x;y;z"));
-    EXPECT_EQ(captions.captionList(), QStringList({ "a", "b" }));
+    EXPECT_EQ(std::pair(captions.toString(), captions.captionList()),
+        std::pair(QString("x;y;z"), QStringList({ "a", "b" })));
     QtWarningCapture capture;
     EXPECT_FALSE(captions.setValue(QString("q"))); // refused: read-only, yet the list is split again
     EXPECT_EQ(captions.captionList(), QStringList({ "x", "y", "z" }));
