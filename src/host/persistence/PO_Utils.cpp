@@ -2,6 +2,8 @@
 
 #include "host/base/UT_DoubleText.h"
 
+#include <algorithm>
+
 namespace PO_Utils {
 
 namespace {
@@ -9,13 +11,13 @@ namespace {
 QLatin1String const trueText("true");
 QLatin1String const falseText("false");
 
+} // namespace
+
 bool isXmlChar(uint code)
 {
     return code == 0x9 || code == 0xA || code == 0xD || (code >= 0x20 && code <= 0xD7FF)
         || (code >= 0xE000 && code <= 0xFFFD) || (code >= 0x10000 && code <= 0x10FFFF);
 }
-
-} // namespace
 
 QString boolToString(bool value)
 {
@@ -67,6 +69,14 @@ bool parseBinaryAttr(QString const& text, QByteArray& bytes)
 
 QString xmlSafe(QString const& text)
 {
+    // Nearly every text holds neither control characters nor surrogates: one tight
+    // pass over it answers those, and only the rest are looked at closely.
+    auto const plain = [](QChar c) {
+        ushort const code = c.unicode();
+        return code >= 0x20 ? code < 0xD800 : (code == 0x9 || code == 0xA || code == 0xD);
+    };
+    if (std::all_of(text.begin(), text.end(), plain))
+        return text;
     QString result;
     bool changed = false;
     for (int i = 0; i < text.size(); ++i) {

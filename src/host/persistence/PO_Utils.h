@@ -19,6 +19,8 @@ QString doubleToString(double value);
 QString binaryToString(unsigned char const* data, int length);
 /// Strict base64 decoding; false on any character outside the alphabet or bad padding.
 bool parseBinaryAttr(QString const& text, QByteArray& bytes);
+/// Whether XML 1.0 can carry the character of code point `code`.
+bool isXmlChar(uint code);
 /// `text` with every character that XML 1.0 cannot carry replaced by U+FFFD.
 QString xmlSafe(QString const& text);
 
