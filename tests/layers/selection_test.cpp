@@ -146,8 +146,9 @@ TEST_F(LayerSelection, RememberedOrderGlobalNavigationPresetsAndFallback)
     layers().selectPreferedLayers({ board.panel(0, 0), board.panel(0, 1) }, false, false);
     EXPECT_EQ(QStringList({ current(first), current(second) }), QStringList({ "BG", "A" }));
 
-    preferences->setBoolValue("ST_ENABLE_BRUSH_LAYER_SELECTION", true);
     layers().setBrushPresetLayer("Z");
+    EXPECT_TRUE(layers().globalLayerNavigation()); // brush presets count only when switched on
+    preferences->setBoolValue("ST_ENABLE_BRUSH_LAYER_SELECTION", true);
     EXPECT_FALSE(layers().globalLayerNavigation());
     layers().clearSelection(false);
     layers().selectPreferedLayers(first, false, false); // a preset never falls back
@@ -196,6 +197,10 @@ TEST_F(LayerSelection, EveryOutputFormOfTheSelectedLayersSaysTheSame)
     EXPECT_EQ(layers().getSelectedLayers(board.panel(0, 1), onlySelected, Manager::LayerType_All, true), nullptr);
     EXPECT_EQ(layers().getSelectedLayers(SC_Id(), onlySelected, Manager::LayerType_All, false), nullptr);
     EXPECT_TRUE(onlySelected.size() == 1u && onlySelected.count(board.panel(0, 1)) == 1u);
+    // Without a selection a panel's set is empty, not stale.
+    std::set<MO_Node*> none { nullptr };
+    Manager::layerSetFromSelection(board.panelAt(0, 0), nullptr, none, Manager::LayerType_All);
+    EXPECT_TRUE(none.empty());
 }
 
 } // namespace

@@ -35,6 +35,8 @@ TEST(ExposurePoints, OnlyTheFirstPointBecomesPrimary)
         metatest::dumpOf(points).section(QLatin1Char('\n'), -2));
     EXPECT_TRUE(points.removeExposurePoint(0.5f) && points.removeExposurePoint(0.25f));
     EXPECT_TRUE(points.getPrimaryExposurePoint() == 0.0f && points.isPrimaryExposurePoint(0.5f));
+    points.setPrimaryExposurePoint(0.0f);
+    EXPECT_TRUE(points.isValid()); // the panel's first frame
     points.setPrimaryExposurePoint(-0.1f);
     EXPECT_FALSE(points.isValid());
 }

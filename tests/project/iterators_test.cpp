@@ -44,6 +44,18 @@ TEST(IteratorSurface, WorksWithTheStandardAlgorithms)
     EXPECT_EQ(board.shot(4), back->id());
     back.toLast();
     EXPECT_EQ(board.shot(0), back->id());
+    // Every end still knows its view: the first step from it finds the first object.
+    auto shotEnd = view.endShot();
+    auto shotREnd = view.rendShot();
+    auto panelEnd = view.endPanel();
+    auto panelREnd = view.rendPanel();
+    auto transEnd = view.endTrans();
+    auto transREnd = view.rendTrans();
+    EXPECT_EQ(
+        (std::vector<SC_Id> { shotEnd.toFirst()->id(), shotREnd.toFirst()->id(), panelEnd.toFirst()->id(),
+            panelREnd.toFirst()->id(), transEnd.toFirst()->id(), transREnd.toFirst()->id() }),
+        (std::vector<SC_Id> { board.shot(0), board.shot(4), board.panel(0, 0), board.panel(4, 1),
+            board.transition(0), board.transition(2) }));
 
     // A shot's panel walk ends on the next shot's first panel; the last shot's on the end.
     EXPECT_EQ(board.panel(3, 0), view.endPanel(board.shotAt(2))->id());

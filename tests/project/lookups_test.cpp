@@ -84,6 +84,7 @@ TEST(PanelIn, AShotWithoutPanelsIsQuietAndAMissingSymbolIsReported)
     ASSERT_TRUE(orphan.isValid());
     EXPECT_EQ(nullptr, orphan.symbol());
     EXPECT_TRUE(board->getPanelIn(orphan, 3).isInvalid());
+    EXPECT_EQ(0u, board->panelCount(orphan));
     ASSERT_EQ(1, messages.count());
     EXPECT_EQ(5, messages.messages().at(0).action);
     EXPECT_TRUE(messages.texts().at(0).startsWith(

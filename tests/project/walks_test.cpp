@@ -180,6 +180,10 @@ TEST_P(WalksTest, ActsCountRunsAndIndexFromTheSecondShotOfAnAct)
     board.view().invalidate();
     EXPECT_EQ(4u, view.actCount());
     EXPECT_EQ(0u, view.getActNdx(board.shotAt(1)));
+    // An act that starts with the second shot counts from there.
+    board.group(QStringLiteral("A/S B/S B/S B/S B/S"));
+    board.view().invalidate();
+    EXPECT_EQ(1u, view.getActNdx(board.shotAt(2)));
 }
 
 TEST_P(WalksTest, SequencesIndexFromTheirFirstShot)

@@ -100,6 +100,9 @@ TEST(PropertiedObject, CompareRunsOneWayOverTheVirtualList)
     KRC_PropertiedObject empty;
     full.addProperty("a", 1);
     EXPECT_TRUE(full.propertiesCompare(&empty) && !empty.propertiesCompare(&full));
+    KRC_PropertiedObject otherValue;
+    otherValue.addProperty("a", 2);
+    EXPECT_FALSE(full.propertiesCompare(&otherValue));
 
     Extended extended;
     extended.addProperty("a", 1); // hidden behind the subclass's own "a"

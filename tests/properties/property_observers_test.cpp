@@ -48,7 +48,8 @@ TEST(PropertyObservers, EitherSideMayBeDestroyedFirst)
     {
         PropertyRecorder shortLived;
         shortLived.registerObservable(&survivor);
-        EXPECT_TRUE(survivor.isObservedBy(&shortLived));
+        EXPECT_TRUE(survivor.isObservedBy(&shortLived) && shortLived.isObserving(&survivor));
+        EXPECT_FALSE(recorder.isObserving(&survivor));
     }
     EXPECT_TRUE(survivor.observerCount() == 0u && survivor.setValue(2));
 }
