@@ -101,7 +101,8 @@ public:
     /// A key on a copy of `source` made by `allocator` in one block with the count that
     /// the key's copies share: a holder of many keys (an element's column) places them
     /// beside itself, and a copy or a read touches one place in memory, not two.
-    template <class Source, class Allocator> static CA_CelKey madeBy(Allocator const& allocator, Source const& source)
+    template <class Source, class Allocator>
+    static CA_CelKey madeBy(Allocator const& allocator, Source const& source)
     {
         CA_CelKey key;
         key.m_source = std::allocate_shared<Source>(allocator, source);
