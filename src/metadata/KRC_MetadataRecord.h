@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/persistence/HostPersistence.h"
+#include "project/HandlePool.h"
 
 #include <QString>
 
@@ -31,10 +32,18 @@
 /// definitions live in KRC_MetadataRecordImpl.h, which only the record's source file
 /// includes, followed by `template class KRC_MetadataRecord<Derived, Private, Base>;`.
 ///
+/// Records and their private states live in `Krolle::HandlePool` slabs, like the
+/// handles: a pass over the panels reads one record of each panel and its private
+/// state, and from slabs of one size those lie in the order they were made instead of
+/// wherever the general heap had a hole between strings and other objects.
+///
 /// Threading: the host's thread, like the collections that hold records.
 template <class Derived, class Private, class Base = PIO_Metadata> class KRC_MetadataRecord : public Base
 {
 public:
+    static void* operator new(std::size_t size) { return Krolle::HandlePool::take(size); }
+    static void operator delete(void* memory, std::size_t size) { Krolle::HandlePool::give(memory, size); }
+
     KRC_MetadataRecord();
     explicit KRC_MetadataRecord(QString const& name);
     KRC_MetadataRecord(QString const& name, QString const& creator, QString const& version);

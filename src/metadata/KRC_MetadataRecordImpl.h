@@ -6,6 +6,31 @@
 #include "host/base/HostBase.h"
 #include "metadata/KRC_MetadataRecord.h"
 
+#include <new>
+#include <utility>
+
+namespace KRC_MetadataRecordMemory {
+
+/// A private state made in the handle pool, beside the private states made before it.
+template <class Private, class... Args> Private* make(Args&&... args)
+{
+    void* const memory = Krolle::HandlePool::take(sizeof(Private));
+    try {
+        return new (memory) Private(std::forward<Args>(args)...);
+    } catch (...) {
+        Krolle::HandlePool::give(memory, sizeof(Private));
+        throw;
+    }
+}
+
+template <class Private> void destroy(Private* state)
+{
+    state->~Private();
+    Krolle::HandlePool::give(state, sizeof(Private));
+}
+
+} // namespace KRC_MetadataRecordMemory
+
 template <class Derived, class Private, class Base>
 KRC_MetadataRecord<Derived, Private, Base>::KRC_MetadataRecord()
     : KRC_MetadataRecord(QString())
@@ -22,14 +47,14 @@ template <class Derived, class Private, class Base>
 KRC_MetadataRecord<Derived, Private, Base>::KRC_MetadataRecord(
     QString const& name, QString const& creator, QString const& version)
     : Base(Derived::kPIO_KRMETA_Keyword, name, creator, version)
-    , m_private(new Private)
+    , m_private(KRC_MetadataRecordMemory::make<Private>())
 {
 }
 
 template <class Derived, class Private, class Base>
 KRC_MetadataRecord<Derived, Private, Base>::KRC_MetadataRecord(KRC_MetadataRecord const& other)
     : Base(other)
-    , m_private(new Private(*other.m_private))
+    , m_private(KRC_MetadataRecordMemory::make<Private>(*other.m_private))
 {
 }
 
@@ -45,5 +70,5 @@ KRC_MetadataRecord<Derived, Private, Base>& KRC_MetadataRecord<Derived, Private,
 template <class Derived, class Private, class Base>
 KRC_MetadataRecord<Derived, Private, Base>::~KRC_MetadataRecord()
 {
-    delete m_private;
+    KRC_MetadataRecordMemory::destroy(m_private);
 }

@@ -5,8 +5,8 @@
 
 namespace Krolle {
 
-/// Where the private objects of shots, panels and transitions live: slabs of slots
-/// of one size, handed out from a free list. A pass over a project makes one private
+/// Where the private objects of shots, panels, transitions (and records with their
+/// states) live: slabs of slots of one size, from a free list. A pass makes one private
 /// object per panel, mixed in time with the engine's own allocations (records made on
 /// first use); from the general heap they would land wherever a hole fits, and a later
 /// walk would jump between pages at every step. From slabs, objects made together lie

@@ -1,10 +1,20 @@
 #include "host/base/UT_SharedWeakPtr.h"
 
+#include <new>
+
 UT_SharedWeakBase::UT_SharedWeakBase()
     : m_tracker(new Tracker)
 {
     m_tracker->target = this;
     m_tracker->refCount = 1;
+}
+
+UT_SharedWeakBase::UT_SharedWeakBase(TrackerMemory const& memory)
+    : m_tracker(new (memory.allocate(sizeof(Tracker))) Tracker)
+{
+    m_tracker->target = this;
+    m_tracker->refCount = 1;
+    m_tracker->release = memory.release;
 }
 
 UT_SharedWeakBase::UT_SharedWeakBase(UT_SharedWeakBase const&)
@@ -16,8 +26,20 @@ UT_SharedWeakBase::~UT_SharedWeakBase()
 {
     // Weak pointers may outlive us: leave them a dead tracker to read.
     m_tracker->target = nullptr;
-    if (--m_tracker->refCount == 0)
-        delete m_tracker;
+    unref(m_tracker);
+}
+
+void UT_SharedWeakBase::unref(Tracker* tracker)
+{
+    if (--tracker->refCount != 0)
+        return;
+    if (!tracker->release) {
+        delete tracker;
+        return;
+    }
+    auto const release = tracker->release;
+    tracker->~Tracker();
+    release(tracker);
 }
 
 UT_SharedWeakPtrBase::UT_SharedWeakPtrBase(UT_SharedWeakBase* target)
@@ -60,8 +82,8 @@ void UT_SharedWeakPtrBase::assign(UT_SharedWeakBase* target)
 
 void UT_SharedWeakPtrBase::release()
 {
-    if (m_tracker && --m_tracker->refCount == 0)
-        delete m_tracker;
+    if (m_tracker)
+        UT_SharedWeakBase::unref(m_tracker);
     m_tracker = nullptr;
     m_address = nullptr;
 }

@@ -15,6 +15,11 @@ class UT_SharedWeakPtrBase;
 /// The object owns a small tracker that outlives it while weak pointers remain;
 /// the destructor marks the tracker dead, so every weak pointer reads null from
 /// then on. A copy of an object is a new target with its own tracker.
+///
+/// Every read through a weak pointer reads the tracker first. A class that places its
+/// objects in memory of its own can have their trackers made there too (the protected
+/// constructor), so that the tracker lies beside its object instead of somewhere on
+/// the general heap.
 /// Threading: not thread-safe; weak pointers and their target stay on one thread.
 class UT_SharedWeakBase
 {
@@ -24,15 +29,33 @@ public:
     UT_SharedWeakBase& operator=(UT_SharedWeakBase const&) { return *this; }
     virtual ~UT_SharedWeakBase();
 
+    /// Where trackers are made: `allocate` gives room for one (throwing on failure),
+    /// `release` takes it back when the target and its last weak pointer are gone.
+    struct TrackerMemory
+    {
+        void* (*allocate)(std::size_t size);
+        void (*release)(void* memory) noexcept;
+    };
+
     /// Shared between the target and its weak pointers; `target` goes null when it dies.
     struct Tracker
     {
         UT_SharedWeakBase* target = nullptr;
         int refCount = 0;
+        /// Null for a tracker of the general heap.
+        void (*release)(void* memory) noexcept = nullptr;
     };
+
+protected:
+    /// A target whose tracker is made in `memory`. A copy made with the copy
+    /// constructor has its tracker on the general heap.
+    explicit UT_SharedWeakBase(TrackerMemory const& memory);
 
 private:
     friend class UT_SharedWeakPtrBase;
+    /// Drops one reference on `tracker`; the last one frees it where it was made.
+    static void unref(Tracker* tracker);
+
     Tracker* m_tracker;
 };
 

@@ -1,6 +1,7 @@
 // Frame blocks of a sequence and the sequence objects they carry.
 #pragma once
 
+#include "host/engine/HostNodeArena.h"
 #include "host/engine/SC_Id.h"
 
 #include <QString>
@@ -28,8 +29,11 @@ public:
 /// (AT_AbstractSceneSeq, with the time-warp form AT_TimeWarpSeq) and transitions
 /// (AT_TransitionSeq). A plain TUSeq is "some other kind" (sound, images...), which
 /// the storyboard walks pass over. Owned by its block; not copyable, clone instead.
+/// Lives in the HostNodeArena, made just before its block.
 class TUSeq
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     enum Kind
     {
@@ -175,8 +179,14 @@ public:
 /// Blocks belong to their TUSeqTimedValue; a block pointer is good until the next
 /// change of that sequence. A block without a sequence (hasSeq false) answers seq()
 /// with a shared empty TUSeq, so seq() is never null.
+///
+/// Blocks live in the HostNodeArena: a walk of the panels steps from block to block
+/// of each symbol sequence, and blocks made one after another (a storyboard built or
+/// read) lie side by side there, beside their panels' scenes.
 class AT_FrameBlock
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     /// A block over [first, last] that takes `seq`; a null seq makes a block
     /// without sequence.

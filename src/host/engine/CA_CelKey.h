@@ -98,6 +98,16 @@ public:
     CA_CelKey() = default;
     /// A key on a copy of `source`.
     CA_CelKey(CA_AbstractCelKey const& source);
+    /// A key on a copy of `source` made by `allocator` in one block with the count that
+    /// the key's copies share: a holder of many keys (an element's column) places them
+    /// beside itself, and a copy or a read touches one place in memory, not two.
+    template <class Source, class Allocator>
+    static CA_CelKey madeBy(Allocator const& allocator, Source const& source)
+    {
+        CA_CelKey key;
+        key.m_source = std::allocate_shared<Source>(allocator, source);
+        return key;
+    }
 
     bool isValid() const;
     /// True when both keys mean one drawing: the same element and drawing, or the

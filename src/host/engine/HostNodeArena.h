@@ -1,6 +1,8 @@
 // Where node networks live in memory: nodes, their parts and element columns.
 #pragma once
 
+#include "host/base/UT_SharedWeakPtr.h"
+
 #include <cstddef>
 #include <limits>
 #include <new>
@@ -30,6 +32,9 @@ public:
     static std::size_t chunkCount();
     /// False in a sanitized build, where objects come from the general heap.
     static bool usesChunks();
+    /// For the weak-pointable objects of the arena: their trackers are made right after
+    /// them, since a read through a weak pointer reads the tracker and then the object.
+    static UT_SharedWeakBase::TrackerMemory trackers() { return { &allocate, &release }; }
 };
 
 /// Makes the class (and the classes derived from it) take its objects from the arena.

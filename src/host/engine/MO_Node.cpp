@@ -19,7 +19,8 @@ public:
 };
 
 MO_Node::MO_Node(SC_SceneCommon* scene, QString const& instanceName)
-    : d(new MO_NodePrivate)
+    : UT_SharedWeakBase(HostNodeArena::trackers())
+    , d(new MO_NodePrivate)
 {
     d->scene = scene;
     d->name = instanceName;

@@ -49,6 +49,7 @@ public:
 TUElementTimedValue::TUElementTimedValue(
     SC_SceneCommon* scene, QString const& name, CA_DrawingKind kind, int elementId)
     : TUTimedValue(scene, name)
+    , UT_SharedWeakBase(HostNodeArena::trackers())
     , e(new TUElementTimedValuePrivate)
 {
     if (elementId < 0)
@@ -142,7 +143,10 @@ int TUElementTimedValue::addDrawing(QString const& fileName, int drawingId)
     if (drawingId < 0)
         drawingId = e->drawings.empty() ? 1 : e->drawings.rbegin()->first + 1;
     if (e->drawings.count(drawingId)
-        || !e->drawings.emplace(drawingId, CA_CelKeyElement(m_elementId, drawingId, e->kind, fileName))
+        || !e->drawings
+                .emplace(drawingId,
+                    CA_CelKey::madeBy(HostNodeArenaAllocator<CA_CelKeyElement>(),
+                        CA_CelKeyElement(m_elementId, drawingId, e->kind, fileName)))
                 .second)
         return -1;
     return drawingId;

@@ -26,7 +26,8 @@ void postSceneChange(SC_ProjectCommon const* project)
 } // namespace
 
 SC_SceneBase::SC_SceneBase(SC_ProjectCommon* project, SC_Id const& sceneId)
-    : id(sceneId)
+    : UT_SharedWeakBase(HostNodeArena::trackers())
+    , id(sceneId)
     , m_project(project)
 {
 }
@@ -35,6 +36,8 @@ SC_SceneBase::~SC_SceneBase() = default;
 
 class TUScene::TUScenePrivate
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     QString name;
     std::unique_ptr<PIO_Metadatas> metadatas;

@@ -5,6 +5,7 @@
 #include "host/base/UT_ShareBase.h"
 #include "host/base/UT_SharedPtr.h"
 #include "host/base/UT_SharedWeakPtr.h"
+#include "host/engine/HostNodeArena.h"
 #include "host/engine/SC_Id.h"
 
 #include <QString>
@@ -22,9 +23,13 @@ class TUTimedValue;
 
 /// Base of every scene of a project. Reference counted (the project holds one
 /// reference on each of its scenes) and weak-pointable, so that holders can notice
-/// that a scene is gone. `id` is unique in the project and never changes.
+/// that a scene is gone. `id` is unique in the project and never changes. Scenes,
+/// their private parts and common parts live in the HostNodeArena beside their root
+/// groups: a walk of the panels reads each panel's scene on the way to its nodes.
 class SC_SceneBase : public UT_ShareBase, public UT_SharedWeakBase
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     SC_SceneBase(SC_SceneBase const&) = delete;
     SC_SceneBase& operator=(SC_SceneBase const&) = delete;
@@ -93,6 +98,8 @@ private:
 /// address identifies the scene.
 class SC_SceneCommon
 {
+    HOST_NODE_ARENA_OBJECT
+
 public:
     explicit SC_SceneCommon(TUScene* scene);
     SC_SceneCommon(SC_SceneCommon const&) = delete;
