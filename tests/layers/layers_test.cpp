@@ -9,6 +9,7 @@
 #include "support/ProjectInvariants.h"
 #include "tracking/KRC_DrawingObserver.h"
 
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
@@ -216,7 +217,11 @@ TEST_P(PanelLayers, LayerRecordsSurviveASaveAndAReload)
     board.panelAt(0, 0).layerInfos()->setLayerFlags("Off", LAYER_PitchMode);
     board.panelAt(0, 0).tracking()->setIsTracked(true);
     KRC_MetadataFactory::createInstance(); // as a host does at start-up
-    const QByteArray saved = HostProjectFile::toXml(board.project());
+    // A file may number an element 0, which no element made in a session gets.
+    const QByteArray saved = QString::fromUtf8(HostProjectFile::toXml(board.project()))
+                                 .replace(QRegularExpression("<element id=\"\\d+\" name=\"Only\""),
+                                     "<element id=\"0\" name=\"Only\"")
+                                 .toUtf8();
     KRC_SceneChangeManager manager;
     const UT_SharedPtr<SC_Project> reloaded = HostProjectFile::fromXml(saved, nullptr, &manager);
     ASSERT_TRUE(reloaded);
@@ -234,6 +239,14 @@ TEST_P(PanelLayers, LayerRecordsSurviveASaveAndAReload)
     QStringList reread;
     view.layerManager()->getLayers(panel.symbol(), reread);
     EXPECT_EQ(reread, names(scene));
+
+    const Krolle::Panel_t second = view.getPanelByID(board.panel(0, 1));
+    auto* zero = static_cast<MO_ElementModule*>(view.layerManager()->getLayerByIdx(second.symbol(), 0));
+    ASSERT_EQ(zero->drawingAttr()->timedValue()->elementId(), 0);
+    QSignalSpy found(view.drawingObserver(), &KRC_DrawingObserver::drawingModified);
+    ca_celCache->reportDrawingModified(zero->drawingAttr()->key(1.0));
+    ASSERT_EQ(found.count(), 1);
+    EXPECT_EQ(found.last().at(0).value<SC_Id>(), board.panel(0, 1));
 }
 
 INSTANTIATE_CACHE_STATES(Layers, PanelLayers);
