@@ -164,4 +164,32 @@ TEST_F(BaseWeakPtr, ConvertsFromDerivedAndThroughTheUntypedBase)
     EXPECT_TRUE(weakBase.isNull() && !untyped.base() && weakBase == weakChild);
 }
 
+// A target whose tracker lives in memory of its own gives it back there, once the
+// target and its last weak pointer are both gone; its copies' trackers do not.
+int g_trackersOut = 0;
+struct ArenaTracked : UT_SharedWeakBase
+{
+    static void* allocate(std::size_t size) { return ++g_trackersOut, ::operator new(size); }
+    static void release(void* memory) noexcept { --g_trackersOut, ::operator delete(memory); }
+    ArenaTracked()
+        : UT_SharedWeakBase(TrackerMemory { &allocate, &release })
+    {
+    }
+    ArenaTracked(ArenaTracked const& other) = default;
+};
+
+TEST(BaseWeakTracker, MadeInItsOwnMemoryIsReleasedThereAfterTheLastWeakPointer)
+{
+    auto* target = new ArenaTracked;
+    UT_SharedWeakPtrBase weak(target);
+    ArenaTracked* copy = new ArenaTracked(*target);
+    EXPECT_EQ(g_trackersOut, 1);
+    delete target;
+    delete copy;
+    EXPECT_TRUE(weak.expired());
+    EXPECT_EQ(g_trackersOut, 1);
+    weak.assign(nullptr);
+    EXPECT_EQ(g_trackersOut, 0);
+}
+
 } // namespace
