@@ -145,6 +145,9 @@ TEST_F(LayerSelection, RememberedOrderGlobalNavigationPresetsAndFallback)
     layers().setSelectedLayers({ board.panel(0, 0), board.panel(0, 1) }, { "BG", "A" }, false);
     layers().selectPreferedLayers({ board.panel(0, 0), board.panel(0, 1) }, false, false);
     EXPECT_EQ(QStringList({ current(first), current(second) }), QStringList({ "BG", "A" }));
+    preferences->setBoolValue("ST_ENABLE_GLOBAL_LAYER_NAVIGATION", false); // each panel kept the shared list
+    EXPECT_EQ(QStringList({ remembered(first), remembered(second) }), QStringList({ "BG,A", "A" }));
+    preferences->setBoolValue("ST_ENABLE_GLOBAL_LAYER_NAVIGATION", true);
 
     layers().setBrushPresetLayer("Z");
     EXPECT_TRUE(layers().globalLayerNavigation()); // brush presets count only when switched on
