@@ -1,7 +1,8 @@
 // The XML form of a node network: round trip, and refusal of bad input.
 #include "nodes_Fixture.h"
 
-#include <QXmlStreamReader>
+#include "host/persistence/PO_XmlGuard.h"
+
 #include <QXmlStreamWriter>
 
 #include <gmock/gmock.h>
@@ -23,7 +24,7 @@ QString networkXml(SC_SceneCommon const& scene)
 // Reads a document whose first element is "nodes" into the scene.
 bool readNetwork(QString const& document, SC_SceneCommon& scene, QString* error)
 {
-    QXmlStreamReader reader(document);
+    PO_XmlGuard reader(document.toUtf8());
     reader.readNextStartElement();
     return HostNodeXml::read(reader, scene, error);
 }
@@ -210,14 +211,14 @@ TEST_F(NodesXmlTest, BadInputIsRefusedWholeWithItsPlace)
 TEST_F(NodesXmlTest, TheMessageNamesTheLineAndColumnOfTheFault)
 {
     QString error;
-    QXmlStreamReader reader(QStringLiteral("<nodes>\n<node type=\"TUPegModule\" id=\"1\" name=\"a\"/>\n"
-                                           "<node type=\"Nope\" id=\"2\" name=\"b\"/>\n</nodes>"));
+    PO_XmlGuard reader("<nodes>\n<node type=\"TUPegModule\" id=\"1\" name=\"a\"/>\n"
+                       "<node type=\"Nope\" id=\"2\" name=\"b\"/>\n</nodes>");
     reader.readNextStartElement();
     EXPECT_FALSE(HostNodeXml::read(reader, *common(), &error));
     EXPECT_THAT(error.toStdString(), StartsWith("line 3, column 35: unknown node type \"Nope\""));
     EXPECT_TRUE(reader.hasError() && error == reader.errorString());
 
-    QXmlStreamReader elsewhere(QStringLiteral("<scene/>"));
+    PO_XmlGuard elsewhere("<scene/>");
     elsewhere.readNextStartElement();
     EXPECT_FALSE(HostNodeXml::read(elsewhere, *common(), &error));
     EXPECT_THAT(error.toStdString(), HasSubstr("expected a <nodes> element"));

@@ -1,9 +1,8 @@
 // Writing and reading record collections as XML.
 #include "host/persistence/HostPersistence.h"
+#include "host/persistence/PO_XmlGuard.h"
 
 #include <gtest/gtest.h>
-
-#include <QXmlStreamReader>
 
 #include <cmath>
 #include <memory>
@@ -266,25 +265,25 @@ TEST(PersistenceXml, BadInputIsRefusedWithAPositionAndLeavesTheTargetAlone)
 
 TEST(PersistenceXml, ReadsACollectionInsideALargerDocumentAndRaisesItsErrorOnThatStream)
 {
-    QXmlStreamReader stream(
-        QByteArray("<project><scene id=\"1\"><metadatas><metadata type=\"bool\" name=\"b\">"
-                   "<bool value=\"true\"/></metadata></metadatas><after/></scene>"
-                   "<metadatas><bad/></metadatas></project>"));
+    PO_XmlGuard guard(QByteArray("<project><scene id=\"1\"><metadatas><metadata type=\"bool\" name=\"b\">"
+                                 "<bool value=\"true\"/></metadata></metadatas><after/></scene>"
+                                 "<metadatas><bad/></metadatas></project>"));
+    QXmlStreamReader const& stream = guard.stream();
     while (!(stream.isStartElement() && stream.name() == PIO_MetadatasXml::collectionElement))
-        stream.readNext();
+        guard.readNext();
     PIO_Metadatas target;
-    ASSERT_TRUE(PIO_MetadatasXml::read(stream, target));
+    ASSERT_TRUE(PIO_MetadatasXml::read(guard, target));
     EXPECT_TRUE(stream.isEndElement() && stream.name() == PIO_MetadatasXml::collectionElement);
-    stream.readNext();
+    guard.readNext();
     EXPECT_EQ(stream.name(), QStringLiteral("after"));
     ASSERT_EQ(target.size(), 1);
     EXPECT_TRUE(recordAt<PIO_MetadataBool>(target, 0)->valueBool());
 
     while (!(stream.isStartElement() && stream.name() == PIO_MetadatasXml::collectionElement))
-        stream.readNext();
+        guard.readNext();
     QString error;
-    EXPECT_FALSE(PIO_MetadatasXml::read(stream, target, &error));
-    EXPECT_TRUE(stream.hasError() && stream.errorString() == error);
+    EXPECT_FALSE(PIO_MetadatasXml::read(guard, target, &error));
+    EXPECT_TRUE(guard.hasError() && guard.errorString() == error);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "host/engine/MO_Modules.h"
 #include "host/engine/TUElementTimedValue.h"
 #include "host/engine/TUScene.h"
+#include "host/persistence/PO_XmlGuard.h"
 
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -179,8 +180,9 @@ struct NodeDraft
 class NetworkReader
 {
 public:
-    NetworkReader(QXmlStreamReader& reader, SC_SceneCommon& scene)
-        : m_reader(reader)
+    NetworkReader(PO_XmlGuard& guard, SC_SceneCommon& scene)
+        : m_guard(guard)
+        , m_reader(guard.stream())
         , m_scene(scene)
     {
     }
@@ -209,9 +211,9 @@ private:
     // child than a known one is refused by the caller.
     bool nextChild()
     {
-        const bool found = m_reader.readNextStartElement();
-        if (m_reader.hasError())
-            fail(m_reader.errorString());
+        const bool found = m_guard.readNextStartElement();
+        if (m_guard.hasError())
+            fail(m_guard.errorString());
         return found;
     }
 
@@ -316,7 +318,7 @@ private:
                 readExposure(*column);
             else
                 expectElement(kDrawingElement);
-            m_reader.skipCurrentElement();
+            m_guard.skipCurrentElement();
         }
         return column;
     }
@@ -437,7 +439,8 @@ private:
         HostNodeEdit::attachColumn(element, column);
     }
 
-    QXmlStreamReader& m_reader;
+    PO_XmlGuard& m_guard; // moves through the document
+    QXmlStreamReader const& m_reader; // the token at which it stands
     SC_SceneCommon& m_scene;
     std::vector<std::unique_ptr<NodeDraft>> m_roots;
     std::map<int, NodeDraft*> m_nodes;
@@ -456,7 +459,7 @@ void write(QXmlStreamWriter& writer, SC_SceneCommon const& scene)
     }
 }
 
-bool read(QXmlStreamReader& reader, SC_SceneCommon& scene, QString* error)
+bool read(PO_XmlGuard& reader, SC_SceneCommon& scene, QString* error)
 {
     try {
         NetworkReader(reader, scene).read();

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-class QXmlStreamReader;
+class PO_XmlGuard;
 class QXmlStreamWriter;
 class SC_SceneCommon;
 
@@ -38,6 +38,6 @@ void write(QXmlStreamWriter& writer, SC_SceneCommon const& scene);
 /// the scene's timed values. Node edits are not posted (a loaded network is no
 /// edit), but the scene's own primitives post the columns added (timedValuesAdded)
 /// and their links (nodeLinksChanged): a loader clears its change manager after.
-bool read(QXmlStreamReader& reader, SC_SceneCommon& scene, QString* error = nullptr);
+bool read(PO_XmlGuard& reader, SC_SceneCommon& scene, QString* error = nullptr);
 
 } // namespace HostNodeXml

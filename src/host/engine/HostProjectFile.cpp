@@ -13,6 +13,7 @@
 #include "host/persistence/PIO_Metadatas.h"
 #include "host/persistence/PIO_MetadatasXml.h"
 #include "host/persistence/PIO_WritingContext.h"
+#include "host/persistence/PO_XmlGuard.h"
 #include "host/persistence/PO_XmlLimits.h"
 #include "host/persistence/PO_XmlWriter.h"
 
@@ -211,8 +212,9 @@ struct Place
 class ProjectReader
 {
 public:
-    ProjectReader(QByteArray const& document, SC_Project* project)
-        : m_xml(document)
+    ProjectReader(PO_XmlGuard& guard, SC_Project* project)
+        : m_guard(guard)
+        , m_xml(guard.stream())
         , m_project(project)
     {
     }
@@ -225,8 +227,8 @@ private:
     {
         if (m_error.isEmpty())
             m_error = here().prefix() + message;
-        if (!m_xml.hasError())
-            m_xml.raiseError(message);
+        if (!m_guard.hasError())
+            m_guard.raiseError(message);
         return false;
     }
     bool failAt(Place const& place, QString const& message)
@@ -255,7 +257,8 @@ private:
     bool checkCoverage();
     bool checkCovered(TUScene const& scene, quint64 lastShown, bool panelsOnly);
 
-    QXmlStreamReader m_xml;
+    PO_XmlGuard& m_guard; // moves through the document
+    QXmlStreamReader const& m_xml; // the token at which it stands
     SC_Project* m_project;
     QString m_error;
     quint64 m_nextId = 0;
@@ -282,7 +285,7 @@ private:
 // Steps to the next child element of the current one; false at its end (or on error).
 bool ProjectReader::nextChild(QString& name)
 {
-    if (!m_xml.readNextStartElement())
+    if (!m_guard.readNextStartElement())
         return false;
     name = m_xml.name().toString();
     return true;
@@ -355,23 +358,23 @@ bool ProjectReader::readMatrix(Math::Matrix4x4& matrix)
 bool ProjectReader::read(QString* error)
 {
     bool ok = false;
-    if (m_xml.readNextStartElement()) {
+    if (m_guard.readNextStartElement()) {
         ok = m_xml.name() == kProject
             ? readRoot()
             : fail(QStringLiteral("the document is no engine project (<%1>)").arg(m_xml.name().toString()));
     }
     if (ok) {
         // Nothing but comments and white space may follow the root.
-        while (!m_xml.atEnd() && !m_xml.hasError()) {
-            if (m_xml.readNext() == QXmlStreamReader::StartElement)
+        while (!m_guard.atEnd() && !m_guard.hasError()) {
+            if (m_guard.readNext() == QXmlStreamReader::StartElement)
                 ok = fail(QStringLiteral("content after the end of the project"));
         }
     }
-    if (m_xml.hasError() && m_error.isEmpty())
-        m_error = here().prefix() + m_xml.errorString();
-    if (!m_xml.hasError() && !ok && m_error.isEmpty())
+    if (m_guard.hasError() && m_error.isEmpty())
+        m_error = here().prefix() + m_guard.errorString();
+    if (!m_guard.hasError() && !ok && m_error.isEmpty())
         m_error = here().prefix() + QStringLiteral("the document holds no project");
-    ok = ok && !m_xml.hasError() && checkProject();
+    ok = ok && !m_guard.hasError() && checkProject();
     if (!ok && error)
         *error = m_error;
     return ok;
@@ -401,7 +404,7 @@ bool ProjectReader::readRoot()
             Math::Matrix4x4 matrix;
             ok = readMatrix(matrix);
             m_project->projectCommon()->setDefaultCameraMatrix(matrix);
-            m_xml.skipCurrentElement();
+            m_guard.skipCurrentElement();
             hadCamera = true;
         } else if (child == PIO_MetadatasXml::collectionElement && !hadRecords
             && m_project->sceneCount() == 0) {
@@ -415,7 +418,7 @@ bool ProjectReader::readRoot()
         if (!ok)
             return false;
     }
-    return !m_xml.hasError();
+    return !m_guard.hasError();
 }
 
 bool ProjectReader::readScene()
@@ -449,13 +452,13 @@ bool ProjectReader::readScene()
         else if (child == PIO_MetadatasXml::collectionElement)
             ok = readMetadatas(*scene->metadatas());
         else if (child == kNodes)
-            ok = HostNodeXml::read(m_xml, *scene->sceneCommon(), &m_error) || fail(QString());
+            ok = HostNodeXml::read(m_guard, *scene->sceneCommon(), &m_error) || fail(QString());
         else
             ok = fail(QStringLiteral("unexpected element <%1> in scene %2").arg(child).arg(id.value()));
         if (!ok)
             return false;
     }
-    return !m_xml.hasError();
+    return !m_guard.hasError();
 }
 
 bool ProjectReader::readSequence(TUScene& scene)
@@ -470,7 +473,7 @@ bool ProjectReader::readSequence(TUScene& scene)
         if (!readBlock(*seq))
             return false;
     }
-    return !m_xml.hasError();
+    return !m_guard.hasError();
 }
 
 bool ProjectReader::readBlock(TUSeqTimedValue& seq)
@@ -493,8 +496,8 @@ bool ProjectReader::readBlock(TUSeqTimedValue& seq)
         std::make_unique<AT_FrameBlock>(quint32(first), quint32(last), std::move(content)));
     m_blockPlaces.emplace_back(block, place);
     m_blocksRead.push_back(block);
-    m_xml.skipCurrentElement();
-    return !m_xml.hasError();
+    m_guard.skipCurrentElement();
+    return !m_guard.hasError();
 }
 
 bool ProjectReader::readSeq(QString const& kind, std::unique_ptr<TUSeq>& seq)
@@ -547,15 +550,15 @@ bool ProjectReader::readCamera(TUScene& scene)
         if (scene.embeddedCameraKeys().count(frame))
             return fail(QStringLiteral("two camera keys at frame %1").arg(frame));
         scene.setEmbeddedCameraKey(frame, matrix);
-        m_xml.skipCurrentElement();
+        m_guard.skipCurrentElement();
     }
-    return !m_xml.hasError();
+    return !m_guard.hasError();
 }
 
 bool ProjectReader::readMetadatas(PIO_Metadatas& records)
 {
     QString message;
-    if (!PIO_MetadatasXml::read(m_xml, records, &message)) {
+    if (!PIO_MetadatasXml::read(m_guard, records, &message)) {
         m_error = message;
         return false;
     }
@@ -709,19 +712,23 @@ QByteArray toXml(SC_Project const* project)
 
 UT_SharedPtr<SC_Project> fromXml(QByteArray const& document, QString* error, TUSceneChangeManager* manager)
 {
-    // Chains of scenes showing scenes are bounded (and cycles refused) while the
-    // file is scanned, so that a hostile chain costs no scene built.
+    // Chains of scenes showing scenes are bounded (and cycles refused) as the scenes
+    // are read, in the same pass, so that a hostile chain costs at most the scenes
+    // before its breach, which the file's own size bounds.
     HostSceneChains chains;
-    auto const chainCheck = [&chains](QXmlStreamReader const& xml, int depth) {
-        return chains.startElement(xml, depth);
-    };
-    if (!PO_XmlLimits::check(document, error, chainCheck))
-        return nullptr;
-    // Built on a manager of its own, so that the reading reaches no listener.
+    PO_XmlGuard guard(document,
+        [&chains](QXmlStreamReader const& xml, int depth) { return chains.startElement(xml, depth); });
+    // Built on a manager of its own, so that the reading reaches no listener; dropped
+    // whole on any fault.
     UT_SharedPtr<SC_Project> project(new SC_Project);
-    ProjectReader reader(document, project.get());
-    if (!reader.read(error))
+    QString fault;
+    bool const read = ProjectReader(guard, project.get()).read(&fault);
+    QString const refusal = guard.refusal();
+    if (!read || !refusal.isNull()) {
+        if (error)
+            *error = refusal.isNull() ? fault : refusal;
         return nullptr;
+    }
     project->projectCommon()->setChangeManager(manager);
     return project;
 }

@@ -7,7 +7,7 @@
 #include "host/persistence/PIO_ReadingContext.h"
 #include "host/persistence/PIO_WritingContext.h"
 #include "host/persistence/PIO_XML_ComponentReader.h"
-#include "host/persistence/PO_XmlLimits.h"
+#include "host/persistence/PO_XmlGuard.h"
 #include "host/persistence/PO_XmlWriter.h"
 
 #include <QXmlAttributes>
@@ -76,17 +76,14 @@ QXmlAttributes saxAttributes(QXmlStreamReader const& stream)
     return result;
 }
 
-// Next token that matters; refuses what this format never holds.
-QXmlStreamReader::TokenType nextToken(QXmlStreamReader& stream)
+// Next token that matters (the guard has refused what this format never holds).
+QXmlStreamReader::TokenType nextToken(PO_XmlGuard& guard)
 {
+    QXmlStreamReader const& stream = guard.stream();
     for (;;) {
-        switch (stream.readNext()) {
+        switch (guard.readNext()) {
         case QXmlStreamReader::Invalid:
-            fail(stream.errorString());
-        case QXmlStreamReader::DTD:
-            fail(QStringLiteral("document type declarations are not accepted"));
-        case QXmlStreamReader::EntityReference:
-            fail(QStringLiteral("entity reference '&%1;' is not accepted").arg(stream.name().toString()));
+            fail(guard.errorString());
         case QXmlStreamReader::Comment:
         case QXmlStreamReader::ProcessingInstruction:
             continue;
@@ -108,13 +105,14 @@ struct ElementFrame
     ReaderPtr content;
 };
 
-void feedEntryContent(QXmlStreamReader& stream, PIO_Metadata* meta)
+void feedEntryContent(PO_XmlGuard& guard, PIO_Metadata* meta)
 {
+    QXmlStreamReader const& stream = guard.stream();
     PIO_ReadingContext context(stream, meta);
     ReaderPtr const root(meta->componentReader());
     std::vector<ElementFrame> open;
     for (;;) {
-        QXmlStreamReader::TokenType const token = nextToken(stream);
+        QXmlStreamReader::TokenType const token = nextToken(guard);
         ReaderPtr const current = open.empty() ? root : open.back().content;
         QString const name = stream.qualifiedName().toString();
         if (token == QXmlStreamReader::StartElement) {
@@ -136,9 +134,9 @@ void feedEntryContent(QXmlStreamReader& stream, PIO_Metadata* meta)
     }
 }
 
-std::unique_ptr<PIO_Metadata> readEntry(QXmlStreamReader& stream)
+std::unique_ptr<PIO_Metadata> readEntry(PO_XmlGuard& guard)
 {
-    QXmlStreamAttributes const attributes = stream.attributes();
+    QXmlStreamAttributes const attributes = guard.stream().attributes();
     QString const type = attributes.value(typeAttribute).toString();
     if (type.isEmpty())
         fail(QStringLiteral("<%1> without a \"%2\" attribute")
@@ -151,22 +149,23 @@ std::unique_ptr<PIO_Metadata> readEntry(QXmlStreamReader& stream)
         PIO_MetadataFactory::instance()->createMeta(type, name, creator, version));
     if (!meta)
         meta.reset(new PIO_MetadataUnknown(type, name, creator, version));
-    feedEntryContent(stream, meta.get());
+    feedEntryContent(guard, meta.get());
     return meta;
 }
 
-RecordList readCollection(QXmlStreamReader& stream)
+RecordList readCollection(PO_XmlGuard& guard)
 {
+    QXmlStreamReader const& stream = guard.stream();
     if (!stream.isStartElement() || stream.qualifiedName() != PIO_MetadatasXml::collectionElement)
         fail(QStringLiteral("expected <%1>").arg(PIO_MetadatasXml::collectionElement));
     RecordList records;
     for (;;) {
-        QXmlStreamReader::TokenType const token = nextToken(stream);
+        QXmlStreamReader::TokenType const token = nextToken(guard);
         if (token == QXmlStreamReader::EndElement)
             return records;
         if (token == QXmlStreamReader::StartElement
             && stream.qualifiedName() == PIO_MetadatasXml::entryElement)
-            records.push_back(readEntry(stream));
+            records.push_back(readEntry(guard));
         else if (token == QXmlStreamReader::StartElement)
             fail(QStringLiteral("unexpected element <%1>").arg(stream.qualifiedName().toString()));
         else if (isText(stream))
@@ -190,34 +189,34 @@ void moveInto(RecordList& records, PIO_Metadatas& target)
 
 // Runs `step` over the stream; a ReadError becomes a false with its located message,
 // and an error on the stream.
-template <class Step> bool guarded(QXmlStreamReader& stream, QString* errorMessage, Step step)
+template <class Step> bool guarded(PO_XmlGuard& guard, QString* errorMessage, Step step)
 {
     try {
         step();
         return true;
     } catch (ReadError const& error) {
-        QString const message = located(stream, error.message);
+        QString const message = located(guard.stream(), error.message);
         if (errorMessage)
             *errorMessage = message;
         // The caller's own loop over the stream stops too.
-        if (!stream.hasError())
-            stream.raiseError(message);
+        if (!guard.hasError())
+            guard.raiseError(message);
         return false;
     }
 }
 
-void skipProlog(QXmlStreamReader& stream)
+void skipProlog(PO_XmlGuard& guard)
 {
-    while (nextToken(stream) != QXmlStreamReader::StartElement) {
-        if (stream.isEndDocument() || isText(stream))
+    while (nextToken(guard) != QXmlStreamReader::StartElement) {
+        if (guard.stream().isEndDocument() || isText(guard.stream()))
             fail(QStringLiteral("expected <%1>").arg(PIO_MetadatasXml::collectionElement));
     }
 }
 
-void expectEndOfDocument(QXmlStreamReader& stream)
+void expectEndOfDocument(PO_XmlGuard& guard)
 {
-    while (nextToken(stream) != QXmlStreamReader::EndDocument) {
-        if (stream.isStartElement() || isText(stream))
+    while (nextToken(guard) != QXmlStreamReader::EndDocument) {
+        if (guard.stream().isStartElement() || isText(guard.stream()))
             fail(QStringLiteral("content after </%1>").arg(PIO_MetadatasXml::collectionElement));
     }
 }
@@ -245,10 +244,10 @@ void PIO_MetadatasXml::writeEntry(PIO_Metadata const& meta, PIO_WritingContext& 
     writer.endElement();
 }
 
-bool PIO_MetadatasXml::read(QXmlStreamReader& stream, PIO_Metadatas& target, QString* errorMessage)
+bool PIO_MetadatasXml::read(PO_XmlGuard& guard, PIO_Metadatas& target, QString* errorMessage)
 {
     RecordList records;
-    if (!guarded(stream, errorMessage, [&] { records = readCollection(stream); }))
+    if (!guarded(guard, errorMessage, [&] { records = readCollection(guard); }))
         return false;
     moveInto(records, target);
     return true;
@@ -270,16 +269,21 @@ QByteArray PIO_MetadatasXml::toDocument(PIO_Metadatas const& metas, bool forDrag
 
 bool PIO_MetadatasXml::fromDocument(QByteArray const& document, PIO_Metadatas& target, QString* errorMessage)
 {
-    if (!PO_XmlLimits::check(document, errorMessage))
-        return false;
-    QXmlStreamReader stream(document);
+    PO_XmlGuard guard(document);
     RecordList records;
-    bool const ok = guarded(stream, errorMessage, [&] {
-        skipProlog(stream);
-        records = readCollection(stream);
-        expectEndOfDocument(stream);
+    QString fault;
+    bool const ok = guarded(guard, &fault, [&] {
+        skipProlog(guard);
+        records = readCollection(guard);
+        expectEndOfDocument(guard);
     });
-    if (ok)
+    // A broken limit anywhere outranks a fault met before it.
+    QString const refusal = guard.refusal();
+    if (ok && refusal.isNull()) {
         moveInto(records, target);
-    return ok;
+        return true;
+    }
+    if (errorMessage)
+        *errorMessage = refusal.isNull() ? fault : refusal;
+    return false;
 }

@@ -7,7 +7,7 @@
 class PIO_Metadata;
 class PIO_Metadatas;
 class PIO_WritingContext;
-class QXmlStreamReader;
+class PO_XmlGuard;
 
 /// The collection driver of the persistence library. The element form:
 ///
@@ -43,12 +43,12 @@ public:
     /// end element. On failure returns false, leaves `target` untouched, sets
     /// `errorMessage` ("line L, column C: ...") if given, and raises the error on the
     /// stream so that the caller's own loop stops too.
-    static bool read(QXmlStreamReader& stream, PIO_Metadatas& target, QString* errorMessage = nullptr);
+    static bool read(PO_XmlGuard& stream, PIO_Metadatas& target, QString* errorMessage = nullptr);
 
     /// A whole document holding one collection. `forDrag` sets the writing flag "for_drag".
     static QByteArray toDocument(PIO_Metadatas const& metas, bool forDrag = false);
     /// Reads a whole document written by toDocument; all or nothing, as `read`, and held
-    /// to the limits of PO_XmlLimits first.
+    /// to the limits of PO_XmlLimits as it is read.
     static bool fromDocument(
         QByteArray const& document, PIO_Metadatas& target, QString* errorMessage = nullptr);
 

@@ -1,7 +1,6 @@
 #include "host/persistence/PO_XmlLimits.h"
 
 #include <QFile>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <cerrno>
@@ -18,18 +17,38 @@ QString tooLong()
         .arg(PO_XmlLimits::maxTokenBytes);
 }
 
+// Where the last '<' or '>' of `size` bytes stands, or -1.
+qint64 lastBracket(char const* data, qint64 size)
+{
+    auto const at = [data, size](char bracket) {
+        void const* found = ::memrchr(data, bracket, size_t(size));
+        return found ? static_cast<char const*>(found) - data : qint64(-1);
+    };
+    return std::max(at('<'), at('>'));
+}
+
 // Length of the run of bytes without '<' or '>' that ends the chunk, carried into the
-// next one; false as soon as a run passes the limit. An attribute value holds no '<'
-// and neither does text, so every token of either kind is such a run.
+// next one; false if a run passes the limit. An attribute value holds no '<' and
+// neither does text, so every token of either kind is such a run. Each window of
+// maxTokenBytes + 1 bytes after a bracket must hold one, and the search goes back from
+// the window's end to the last one, where the next window starts: a document is
+// looked at near the ends of its windows, not byte by byte.
 bool scanRuns(char const* data, qint64 size, qint64& run)
 {
-    for (qint64 i = 0; i < size; ++i) {
-        char const c = data[i];
-        if (c == '<' || c == '>')
-            run = 0;
-        else if (++run > PO_XmlLimits::maxTokenBytes)
+    qint64 bracket = -1 - run; // the last bracket, in an earlier chunk when negative
+    for (;;) {
+        qint64 const from = std::max<qint64>(bracket + 1, 0);
+        bool const restFits = size - 1 - bracket <= PO_XmlLimits::maxTokenBytes;
+        qint64 const end = restFits ? size : bracket + PO_XmlLimits::maxTokenBytes + 2;
+        qint64 const found = lastBracket(data + from, end - from);
+        if (found >= 0)
+            bracket = from + found;
+        if (restFits)
+            break;
+        if (found < 0)
             return false;
     }
+    run = size - 1 - bracket;
     return true;
 }
 
@@ -56,35 +75,6 @@ bool isReadableRegularFile(QString const& path, QString* error)
                 .arg(qint64(status.st_size))
                 .arg(PO_XmlLimits::maxFileBytes));
     return true;
-}
-
-QString located(QXmlStreamReader const& xml, QString const& message)
-{
-    return QStringLiteral("line %1, column %2: %3")
-        .arg(xml.lineNumber())
-        .arg(xml.columnNumber())
-        .arg(message);
-}
-
-// What the token at which `xml` stands breaks, or a null string.
-QString tokenProblem(QXmlStreamReader const& xml, int depth, qint64 elements)
-{
-    switch (xml.tokenType()) {
-    case QXmlStreamReader::DTD:
-        return QStringLiteral("document type declarations are not accepted");
-    case QXmlStreamReader::EntityReference:
-        return QStringLiteral("entity reference '&%1;' is not accepted").arg(xml.name().toString());
-    case QXmlStreamReader::StartElement:
-        if (depth > PO_XmlLimits::maxDepth)
-            return QStringLiteral("elements nest deeper than %1").arg(PO_XmlLimits::maxDepth);
-        if (elements > PO_XmlLimits::maxElements)
-            return QStringLiteral("the document holds more than %1 elements").arg(PO_XmlLimits::maxElements);
-        if (xml.attributes().size() > PO_XmlLimits::maxAttributes)
-            return QStringLiteral("an element has more than %1 attributes").arg(PO_XmlLimits::maxAttributes);
-        return QString();
-    default:
-        return QString();
-    }
 }
 
 } // namespace
@@ -117,28 +107,8 @@ QByteArray PO_XmlLimits::readFile(QString const& path, QString* error)
     return bytes;
 }
 
-bool PO_XmlLimits::check(QByteArray const& document, QString* error, ElementCheck const& extra)
+bool PO_XmlLimits::checkTokenLengths(QByteArray const& document, QString* error)
 {
     qint64 run = 0;
-    if (!scanRuns(document.constData(), document.size(), run))
-        return refuse(error, tooLong());
-    QXmlStreamReader xml(document);
-    int depth = 0;
-    qint64 elements = 0;
-    while (!xml.atEnd()) {
-        QXmlStreamReader::TokenType const token = xml.readNext();
-        if (token == QXmlStreamReader::StartElement) {
-            ++depth;
-            ++elements;
-        } else if (token == QXmlStreamReader::EndElement) {
-            --depth;
-        }
-        QString problem = tokenProblem(xml, depth, elements);
-        if (problem.isNull() && extra && token == QXmlStreamReader::StartElement)
-            problem = extra(xml, depth);
-        if (!problem.isNull())
-            return refuse(error, located(xml, problem));
-    }
-    // Syntax errors are left to the reader proper, which names them in its own words.
-    return true;
+    return scanRuns(document.constData(), document.size(), run) || refuse(error, tooLong());
 }

@@ -4,22 +4,18 @@
 #include <QByteArray>
 #include <QString>
 
-#include <functional>
-
-class QXmlStreamReader;
-
-/// The limits every XML document from outside is held to before it is parsed for
-/// real, so that a hostile file costs a sentence and no more: no document type
-/// declaration (hence no entity expansion and no external fetch), no entity reference
-/// beyond the five predefined ones and character references, bounded element nesting,
-/// element count, attribute count, and length of any one attribute value or run of
-/// text. The bounds are stated in src/host/persistence/README.md; they leave ample room
-/// for a project of 200,000 panels.
+/// The limits every XML document from outside is held to as it is parsed (by
+/// PO_XmlGuard, through which its reader reads), so that a hostile file costs a
+/// sentence and no more: no document type declaration (hence no entity expansion and
+/// no external fetch), no entity reference beyond the five predefined ones and
+/// character references, bounded element nesting, element count, attribute count, and
+/// length of any one attribute value or run of text. The bounds are stated in
+/// src/host/persistence/README.md; they leave ample room for a project of 200,000
+/// panels.
 ///
 /// `readFile` looks at the file's type before opening it (a FIFO would block, a
 /// directory is no document) and scans the bytes as they come, so an over-long token
-/// or an over-large file is refused before it is held whole. `check` walks the tokens
-/// of a document held in memory without building anything.
+/// or an over-large file is refused before it is held whole.
 /// Threading: any thread; no state.
 class PO_XmlLimits
 {
@@ -33,14 +29,11 @@ public:
     /// The bytes of a regular file within the limits on size and token length; on
     /// refusal an empty array and a sentence in `error` (without the path).
     static QByteArray readFile(QString const& path, QString* error);
-    /// A further bound of one kind of document, told of each start element and its
-    /// depth (the root's is 1) once the general bounds hold; a non-null answer is the
-    /// reason to refuse the document.
-    using ElementCheck = std::function<QString(QXmlStreamReader const& xml, int depth)>;
-
-    /// Whether a document keeps every limit (and `extra`, when given); on refusal a
-    /// sentence with its line and column in `error`.
-    static bool check(QByteArray const& document, QString* error, ElementCheck const& extra = {});
+    /// Whether no run of bytes without '<' or '>' (hence no attribute value and no
+    /// text) of a document held in memory is longer than `maxTokenBytes`, told from
+    /// the bytes alone before any parser holds such a token whole; on refusal a
+    /// sentence in `error`.
+    static bool checkTokenLengths(QByteArray const& document, QString* error);
 
     PO_XmlLimits() = delete;
 };
