@@ -86,8 +86,9 @@ TEST(InfoFieldRecords, ExtraAndHiddenLists)
 TEST(InfoFieldRecords, ValuesAreWrittenCleanAndReadAsRichText)
 {
     KRC_InfoFieldList list;
-    list.insertInfoField(1, QString(), 0, KRC_InfoFieldDesc::kMaximum, QStringLiteral("a\r\nb"), INT_MAX);
+    list.insertInfoField(1, QStringLiteral("x"), 0, KRC_InfoFieldDesc::kMaximum, QStringLiteral("a\r\nb"), INT_MAX);
     list.insertInfoField(2, QStringLiteral("pic"), -1, QStringLiteral("img/1.png"), INT_MAX);
+    EXPECT_TRUE(list.getInfoField(0)->name().isEmpty()); // a global field's name is its descriptor's
     list.push_back(UT_SharedPtr<KRC_InfoField>()); // null entries are skipped
     QByteArray written;
     auto metas = metatest::roundTrip(list, &written);
