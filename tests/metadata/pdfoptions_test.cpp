@@ -108,14 +108,16 @@ TEST(PdfOptions, LegacyBlobsAndRefusedMarkedBlobsAreReadFromByteZeroInVersion6)
     ASSERT_TRUE(record);
     EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u);
 
-    // The mark with another mark version: read from byte zero in version 6, and dropped.
-    const QByteArray otherVersion = PropertyBlobs::raw(12, [](QDataStream& out) {
-        out << quint32(0xb0b00000) << qint32(474);
-        KRC_Property("o", 5, nullptr).store(out);
-    });
-    record = readOptions(optionXml(0, otherVersion), holder);
-    ASSERT_TRUE(record);
-    EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u);
+    // Another mark version, or another mark: read from byte zero in version 6, and dropped.
+    for (auto const& [mark, version] : { std::pair(0xb0b00000u, 474), std::pair(0xb0b00001u, 473) }) {
+        const QByteArray other = PropertyBlobs::raw(12, [mark = mark, version = version](QDataStream& out) {
+            out << quint32(mark) << qint32(version);
+            KRC_Property("o", 5, nullptr).store(out);
+        });
+        record = readOptions(optionXml(0, other), holder);
+        ASSERT_TRUE(record);
+        EXPECT_EQ(record->pdfOptions().propertiesCount(), 0u) << mark;
+    }
 }
 
 TEST(PdfOptions, DamagedOrUnknownOptionsAreDroppedAndTheOthersKept)

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <tuple>
 
 namespace {
@@ -43,6 +44,23 @@ TEST(ReferenceToolData, OptionsAreBitsOverDefaultData)
     EXPECT_TRUE(data.showOnThumbnails() && !data.autoUpdateThumbnails());
     data.addOption(KRC_ReferenceToolData::AutoUpdateThumbnails);
     EXPECT_EQ(data.options(), 3);
+}
+
+TEST(ReferenceToolData, DataDiffersInAnyOneField)
+{
+    const std::function<void(KRC_ReferenceToolData&)> changes[] = {
+        [](KRC_ReferenceToolData& d) { d.setPos(Math::Point2d(0, -3.5)); },
+        [](KRC_ReferenceToolData& d) { d.setPos(Math::Point2d(12.25, 0)); },
+        [](KRC_ReferenceToolData& d) { d.setAngle(0); },
+        [](KRC_ReferenceToolData& d) { d.setScale(1); },
+        [](KRC_ReferenceToolData& d) { d.setRgb(QColor(10, 20, 31)); },
+        [](KRC_ReferenceToolData& d) { d.setAlpha(1); },
+    };
+    for (auto const& change : changes) {
+        KRC_ReferenceToolData changed = sample();
+        change(changed);
+        EXPECT_FALSE(changed.data() == sample().data()) << metatest::dumpOf(changed).toStdString();
+    }
 }
 
 TEST(ReferenceToolData, XmlRoundTripKeepsEveryFieldInFormatOrder)

@@ -265,6 +265,7 @@ TEST_F(PanelOrTransition, HoldsOneHalfAndCopiesDeeply)
 TEST_F(PanelOrTransition, Comparisons)
 {
     Panel_t const samePanel(panelBlock.get(), nullptr, Shot_t(), nullptr);
+    auto const otherBlock = transitionBlock(5);
 
     struct Case
     {
@@ -276,6 +277,7 @@ TEST_F(PanelOrTransition, Comparisons)
         { PanelTrans_t(panel), PanelTrans_t(transition), false },
         { PanelTrans_t(panel), PanelTrans_t(samePanel), true },
         { PanelTrans_t(transition), PanelTrans_t(Trans_t(transBlock.get())), true },
+        { PanelTrans_t(transition), PanelTrans_t(Trans_t(otherBlock.get())), false },
     };
     for (Case const& c : cases) {
         EXPECT_EQ(c.equal, c.a == c.b);

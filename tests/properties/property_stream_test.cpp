@@ -99,7 +99,8 @@ TEST(PropertyStream, EveryAcceptedValueTypeComesBack)
 
 TEST(PropertyStream, EveryAcceptedTypeReadsBackInEveryVersion)
 {
-    for (int version : { kLegacy, kCurrent, int(QDataStream::Qt_5_0), int(QDataStream::Qt_5_15) }) {
+    for (int version :
+        { kLegacy, int(QDataStream::Qt_4_2), kCurrent, int(QDataStream::Qt_5_0), int(QDataStream::Qt_5_15) }) {
         for (int type = 1; type < QMetaType::User; ++type) {
             if (!QMetaType::isRegistered(type) || !KRC_PropertyStream::acceptsType(type, version))
                 continue;
