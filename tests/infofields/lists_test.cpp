@@ -135,7 +135,9 @@ TEST(InfoFieldLists, LocalLayoutCarriesOver)
     } cases[] = { { { 0, -1, -2, 1 }, { 1, 1 }, { 0, -1, -2, 1 } }, { { 0, -1 }, { INT_MAX }, { 0, 1, -1 } } };
     for (auto const& c : cases) {
         KRC_ExtraInfoFieldDescList extras;
-        valuesOf(c.source).copyExtra(&extras);
+        KRC_InfoFieldList source = valuesOf(c.source);
+        source.push_back(UT_SharedPtr<KRC_InfoField>()); // null entries are passed over
+        source.copyExtra(&extras);
         std::vector<int> positions;
         for (KRC_ExtraInfoFieldDesc const& extra : extras)
             positions.push_back(extra.position());
