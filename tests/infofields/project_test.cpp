@@ -145,6 +145,7 @@ TEST_F(InfoFieldProject, UnknownIdsAndNames)
     KRC_InfoFieldDesc desc;
     KRC_InfoFieldList values;
     EXPECT_EQ(view().removeInfoField(true, 9, desc, values, true), 9);
+    EXPECT_TRUE(view().remapInfoField(true, {})); // nothing to remap: true, and no report
     EXPECT_EQ(view().renameInfoField(true, 9, QStringLiteral("x"), true), INT_MAX);
     QString old;
     EXPECT_EQ(view().renameInfoField(true, 1, QStringLiteral("Board"), old, true), 1);
