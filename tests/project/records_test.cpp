@@ -73,6 +73,7 @@ TEST(ProjectRecords, AViewWithoutAProjectHasEmptyValuesAndFindsNothing)
 {
     KRC_KrolleProject view(nullptr);
     EXPECT_TRUE(!view.topSceneTv() && view.getShotAt(1, KRC_KrolleProject::PreferPrevious).isInvalid()
+        && view.first(Krolle::Shot_t::invalid).isInvalid()
         && view.getPanelTransAt(1).isInvalid() && view.name().isNull() && !view.titleMeta()
         && view.title().isNull() && view.startTime() == 0 && !view.sequenceExists());
     EXPECT_EQ(1.4173228346456694, view.filmWidth());
