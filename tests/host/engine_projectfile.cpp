@@ -226,6 +226,15 @@ TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntactAndNamesThePath)
     std::signal(SIGXFSZ, previousHandler);
 
     EXPECT_TRUE(!saved_ok && error.startsWith(target)) << qPrintable(error);
+
+    // A name XML cannot carry would be dropped or break the file: nothing is written.
+    for (QString const& name : { QStringLiteral("bell\x07"), QStringLiteral("half") + QChar(0xD800) }) {
+        HostStoryboard odd = engineBoard(QStringLiteral("S[1]"));
+        odd.project->createScene(name);
+        EXPECT_FALSE(HostProjectFile::save(odd.project.get(), target, &error));
+        EXPECT_TRUE(error.contains(QStringLiteral("cannot carry")) && error.endsWith(QStringLiteral("as it was")))
+            << qPrintable(error);
+    }
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));
     EXPECT_EQ(original.readAll(), before);
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList { QStringLiteral("kept.xml") })

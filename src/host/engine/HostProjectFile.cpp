@@ -694,7 +694,7 @@ bool ProjectReader::checkCovered(TUScene const& scene, quint64 lastShown, bool p
 
 namespace HostProjectFile {
 
-QByteArray toXml(SC_Project const* project)
+QByteArray toXml(SC_Project const* project, QString* error)
 {
     QByteArray document;
     if (!project)
@@ -707,7 +707,12 @@ QByteArray toXml(SC_Project const* project)
     xml.writeStartDocument();
     writeProject(xml, *project);
     xml.writeEndDocument();
-    return document;
+    if (!xml.hasError())
+        return document;
+    if (error)
+        *error = QStringLiteral("a name or a text holds a character that XML cannot carry"
+                                " (a control character or an unpaired surrogate)");
+    return QByteArray();
 }
 
 UT_SharedPtr<SC_Project> fromXml(QByteArray const& document, QString* error, TUSceneChangeManager* manager)
@@ -794,9 +799,12 @@ bool save(SC_Project const* project, QString const& path, QString* error, HostFi
         return failed(reason);
     if (loaded && loaded->changedOnDisk(path))
         return failed(QStringLiteral("changed on disk since it was loaded; it is left as it is"));
-    QByteArray const document = toXml(project);
+    QByteArray const document = toXml(project, &reason);
+    QString const untouched = mode != 0 ? QStringLiteral("; the file is left as it was") : QString();
+    if (document.isEmpty())
+        return failed(reason + untouched);
     if (!writeAtomically(path, document, reason))
-        return failed(mode != 0 ? reason + QStringLiteral("; the file is left as it was") : reason);
+        return failed(reason + untouched);
     // The new file keeps the permission bits of the one it replaced.
     if (mode != 0 && ::chmod(QFile::encodeName(path).constData(), mode) != 0)
         return failed(QString::fromLocal8Bit(std::strerror(errno)));

@@ -21,8 +21,11 @@ class TUSceneChangeManager;
 /// posts nothing: a loaded project is no edit. Threading: the host's thread.
 namespace HostProjectFile {
 
-/// The document of a project.
-QByteArray toXml(SC_Project const* project);
+/// The document of a project; empty, with a sentence in `error`, when a name or a
+/// text holds a character that XML cannot carry (a control character, an unpaired
+/// surrogate), which the writer would otherwise drop or, worse, write as a document
+/// that does not read back.
+QByteArray toXml(SC_Project const* project, QString* error = nullptr);
 /// A new project from a document, posting to `manager` (a manager of its own when
 /// null); null with a message in `error` when the document is refused.
 UT_SharedPtr<SC_Project> fromXml(

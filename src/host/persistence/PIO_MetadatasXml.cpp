@@ -264,7 +264,7 @@ QByteArray PIO_MetadatasXml::toDocument(PIO_Metadatas const& metas, bool forDrag
     context.SetAttribute(forDragFlag, forDrag);
     write(metas, context);
     stream.writeEndDocument();
-    return document;
+    return stream.hasError() ? QByteArray() : document;
 }
 
 bool PIO_MetadatasXml::fromDocument(QByteArray const& document, PIO_Metadatas& target, QString* errorMessage)

@@ -46,6 +46,8 @@ public:
     static bool read(PO_XmlGuard& stream, PIO_Metadatas& target, QString* errorMessage = nullptr);
 
     /// A whole document holding one collection. `forDrag` sets the writing flag "for_drag".
+    /// Empty when a record holds a character that XML cannot carry (a control
+    /// character, an unpaired surrogate): the writer would drop it, or break the document.
     static QByteArray toDocument(PIO_Metadatas const& metas, bool forDrag = false);
     /// Reads a whole document written by toDocument; all or nothing, as `read`, and held
     /// to the limits of PO_XmlLimits as it is read.

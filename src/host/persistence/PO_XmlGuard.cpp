@@ -82,10 +82,11 @@ QXmlStreamReader::TokenType PO_XmlGuard::Private::advance()
 PO_XmlGuard::PO_XmlGuard(QByteArray const& document, ElementCheck extra)
     : d(std::make_unique<Private>(document, std::move(extra)))
 {
-    // Bytes first: no token is parsed whole before its length is known to fit.
-    QString tooLong;
-    if (!PO_XmlLimits::checkTokenLengths(document, &tooLong))
-        d->refuse(tooLong);
+    // Bytes first: no token is parsed whole before its length is known to fit, and no
+    // NUL reaches the parser.
+    QString bad;
+    if (!PO_XmlLimits::checkTokenLengths(document, &bad) || !PO_XmlLimits::checkNoNul(document, &bad))
+        d->refuse(bad);
 }
 
 PO_XmlGuard::~PO_XmlGuard() = default;

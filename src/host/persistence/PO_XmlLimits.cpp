@@ -112,3 +112,23 @@ bool PO_XmlLimits::checkTokenLengths(QByteArray const& document, QString* error)
     qint64 run = 0;
     return scanRuns(document.constData(), document.size(), run) || refuse(error, tooLong());
 }
+
+bool PO_XmlLimits::checkNoNul(QByteArray const& document, QString* error)
+{
+    char const* const data = document.constData();
+    auto const* nul = static_cast<char const*>(std::memchr(data, 0, size_t(document.size())));
+    if (!nul)
+        return true;
+    char const* lineStart = data;
+    int line = 1;
+    for (char const* c = data; c < nul; ++c) {
+        if (*c == '\n') {
+            ++line;
+            lineStart = c + 1;
+        }
+    }
+    return refuse(error,
+        QStringLiteral("line %1, column %2: a NUL byte, which no XML document may hold")
+            .arg(line)
+            .arg(nul - lineStart + 1));
+}

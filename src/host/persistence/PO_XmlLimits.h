@@ -34,6 +34,10 @@ public:
     /// the bytes alone before any parser holds such a token whole; on refusal a
     /// sentence in `error`.
     static bool checkTokenLengths(QByteArray const& document, QString* error);
+    /// Whether a document held in memory is free of NUL bytes, which XML never allows
+    /// and which the parser does not always refuse (it may read the bytes around one
+    /// as other characters); on refusal a located sentence in `error`.
+    static bool checkNoNul(QByteArray const& document, QString* error);
 
     PO_XmlLimits() = delete;
 };
