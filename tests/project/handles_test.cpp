@@ -97,6 +97,10 @@ TEST(ShotFrames, ClampPastTheBlockWithoutAskingTheWarp)
         std::numeric_limits<unsigned>::max(), shot.prjFrameToTvFrame(std::numeric_limits<unsigned>::max()));
     EXPECT_EQ(20u, shot.objNumOfFrame());
 
+    // A warp that holds one frame maps it to the block's first frame, as the warp does.
+    auto const still = warpBlock(11, 30, 7.0, 7.0, &calls);
+    EXPECT_EQ(11u, Shot_t(still.get(), nullptr, nullptr).shotFrameToProjectFrame(7.0));
+
     // Sequence frames below zero stay at zero.
     auto const early = warpBlock(1, 10, -3.5, 6.5, &calls);
     Shot_t const below(early.get(), nullptr, nullptr);

@@ -92,6 +92,21 @@ TEST(PanelIn, AShotWithoutPanelsIsQuietAndAMissingSymbolIsReported)
         && messages.texts().at(0).endsWith(QStringLiteral("... nothing can be found there")));
 }
 
+// A shot's block may show its scene without a warp (as a project file may hold it): its
+// panels are found at the shot's own frames.
+TEST(PanelAt, AShotWithoutAWarpShowsItsPanelsFrameForFrame)
+{
+    ProjectBoard board(QStringLiteral("S[3,4] S[2]"));
+    std::unique_ptr<AT_FrameBlock> const warped = board.timeline()->takeBlock(0);
+    board.timeline()->insertBlock(0,
+        std::make_unique<AT_FrameBlock>(
+            warped->firstFrame, warped->lastFrame, std::make_unique<AT_AbstractSceneSeq>(board.shot(0))));
+    board.notify();
+    EXPECT_EQ(board.panel(0, 1), board->getPanelAt(5, Prev).id());
+    EXPECT_EQ(board.panel(1, 0), board->getPanelAt(8, Prev).id());
+    EXPECT_TRUE(projectViewIsConsistent(board.view()));
+}
+
 TEST(ShotAt, ATransitionWhoseNeighbourDoesNotReachTheFrameGivesNothing)
 {
     ProjectBoard board(QStringLiteral("S[5]"));

@@ -63,9 +63,10 @@ public:
             return nullptr;
         auto const* warp = AT_TimeWarpSeq::toTimeWarp(shot->seq());
         TUScene* symbol = scene(shot);
-        if (!warp || !symbol)
+        if (!symbol)
             return nullptr;
-        double const tvFrame = std::trunc(frame - shot->firstFrame + 1 + warp->start - 1.0);
+        // Without a warp the sequence frame is the project frame as it stands.
+        double const tvFrame = warp ? std::trunc(frame - shot->firstFrame + 1 + warp->start - 1.0) : frame;
         AT_FrameBlock const* block = symbol->sequence()->getBlock(tvFrame < 0 ? 0 : tvFrame);
         return scene(block) ? block : nullptr;
     }
