@@ -230,9 +230,10 @@ TEST_F(EngineProjectFile, failedSaveLeavesThePreviousFileIntactAndNamesThePath)
     // A name XML cannot carry would be dropped or break the file: nothing is written.
     for (QString const& name : { QStringLiteral("bell\x07"), QStringLiteral("half") + QChar(0xD800) }) {
         HostStoryboard odd = engineBoard(QStringLiteral("S[1]"));
-        odd.project->createScene(name);
+        TUScene const* scene = odd.project->createScene(name);
         EXPECT_FALSE(HostProjectFile::save(odd.project.get(), target, &error));
-        EXPECT_TRUE(error.contains(QStringLiteral("cannot carry")) && error.endsWith(QStringLiteral("as it was")))
+        EXPECT_TRUE(error.contains(QStringLiteral("scene %1 holds a character").arg(scene->id.value()))
+            && error.endsWith(QStringLiteral("as it was")))
             << qPrintable(error);
     }
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));

@@ -172,7 +172,8 @@ void writeScene(QXmlStreamWriter& xml, TUScene const& scene)
     xml.writeEndElement();
 }
 
-void writeProject(QXmlStreamWriter& xml, SC_Project const& project)
+// What holds the first character that the writer could not carry, or a null string.
+QString writeProject(QXmlStreamWriter& xml, SC_Project const& project)
 {
     SC_ProjectCommon const* common = project.projectCommon();
     xml.writeStartElement(kProject);
@@ -186,11 +187,16 @@ void writeProject(QXmlStreamWriter& xml, SC_Project const& project)
     xml.writeEmptyElement(kDefaultCamera);
     xml.writeAttribute(kMatrix, matrixText(common->defaultCameraMatrix()));
     writeMetadatas(xml, *project.metadatas());
+    QString fault = xml.hasError() ? QStringLiteral("the project's name, folder or records") : QString();
     for (unsigned i = 0; i < project.sceneCount(); ++i) {
-        if (auto const* scene = dynamic_cast<TUScene const*>(project.sceneAt(i)))
+        if (auto const* scene = dynamic_cast<TUScene const*>(project.sceneAt(i))) {
             writeScene(xml, *scene);
+            if (fault.isNull() && xml.hasError())
+                fault = QStringLiteral("scene %1").arg(idText(scene->id));
+        }
     }
     xml.writeEndElement();
+    return fault;
 }
 
 // --- Reading -------------------------------------------------------------------
@@ -708,13 +714,14 @@ QByteArray toXml(SC_Project const* project, QString* error)
     xml.setAutoFormatting(true);
     xml.setAutoFormattingIndent(1);
     xml.writeStartDocument();
-    writeProject(xml, *project);
+    QString const fault = writeProject(xml, *project);
     xml.writeEndDocument();
-    if (!xml.hasError())
+    if (fault.isNull())
         return document;
     if (error)
-        *error = QStringLiteral("a name or a text holds a character that XML cannot carry"
-                                " (a control character or an unpaired surrogate)");
+        *error = QStringLiteral("%1 holds a character that XML cannot carry (a control character or an"
+                                " unpaired surrogate) in a name or a text")
+                     .arg(fault);
     return QByteArray();
 }
 
