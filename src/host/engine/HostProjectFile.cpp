@@ -17,7 +17,7 @@
 #include "host/persistence/PO_XmlLimits.h"
 #include "host/persistence/PO_XmlWriter.h"
 
-#include <QBuffer>
+#include <QIODevice>
 #include <QFile>
 #include <QSaveFile>
 #include <QStringList>
@@ -701,6 +701,33 @@ bool ProjectReader::checkCovered(TUScene const& scene, quint64 lastShown, bool p
 
 } // namespace
 
+namespace {
+
+// The writer's device: each piece appended to the document, and nothing else done (a
+// buffer keeps a position, resizes to it and may emit signals on every write).
+class AppendDevice : public QIODevice
+{
+public:
+    explicit AppendDevice(QByteArray& out)
+        : m_out(out)
+    {
+        open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(char const* data, qint64 size) override
+    {
+        m_out.append(data, int(size));
+        return size;
+    }
+
+private:
+    QByteArray& m_out;
+};
+
+} // namespace
+
 namespace HostProjectFile {
 
 QByteArray toXml(SC_Project const* project, QString* error)
@@ -708,8 +735,7 @@ QByteArray toXml(SC_Project const* project, QString* error)
     QByteArray document;
     if (!project)
         return document;
-    QBuffer buffer(&document);
-    buffer.open(QIODevice::WriteOnly);
+    AppendDevice buffer(document);
     QXmlStreamWriter xml(&buffer);
     xml.setAutoFormatting(true);
     xml.setAutoFormattingIndent(1);
