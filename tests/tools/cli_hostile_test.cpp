@@ -73,6 +73,8 @@ TEST(HostileFiles, AreRefusedWithOneSentence)
         { root + QByteArray(100000 * 3, 'a').replace("aaa", "<a>"), "nest deeper than 256" },
         { root + "<scene id=\"1\"><sequence><block first=\"9223372036854775808\"/>",
             "not a valid value for \"first\"" },
+        { root + "\n<scene id=\"1\" na" + QByteArray(1, '\0') + "me=\"x\"/></engineProject>",
+            "line 2, column 17: a NUL byte" },
     };
     ToolSandbox sandbox;
     for (const auto& [content, message] : cases) {
