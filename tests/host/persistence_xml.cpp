@@ -252,7 +252,10 @@ TEST(PersistenceXml, BadInputIsRefusedWithAPositionAndLeavesTheTargetAlone)
               { "<metadatas><metadata type=\"a\" type=\"b\"/></metadatas>" },
               // The parser takes this NUL into an attribute's name, which no writer keeps.
               { QByteArray("<metadatas>\n<metadata type=\"x\"><e a\0b=\"1\"/></metadata></metadatas>", 66),
-                  "line 2, column 24: a NUL byte" } };
+                  "line 2, column 24: a NUL byte" },
+              // A codec that makes unpaired surrogates of these bytes is never asked.
+              { "<?xml version=\"1.0\" encoding=\"UTF-7\"?>\n<metadatas>+2D3cAA-</metadatas>",
+                  "line 1, column 38: the document is declared in \"UTF-7\"" } };
     for (auto const& c : cases) {
         PIO_Metadatas target;
         auto* kept = new PIO_MetadataInt(QStringLiteral("kept"));

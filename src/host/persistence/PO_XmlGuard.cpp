@@ -12,10 +12,27 @@ QString located(QXmlStreamReader const& xml, QString const& message)
         .arg(message);
 }
 
+// The encodings a document may declare. Every document is written in UTF-8; others
+// would be decoded by codecs that can make text no writer carries back (UTF-7 gives
+// unpaired surrogates), so they are refused before any of the content is decoded.
+bool isReadableEncoding(QStringRef const& declared)
+{
+    for (char const* name : { "UTF-8", "US-ASCII", "ISO-8859-1" }) {
+        if (declared.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    return declared.isEmpty();
+}
+
 // What the token at which `xml` stands breaks, or a null string.
 QString tokenProblem(QXmlStreamReader const& xml, int depth, qint64 elements)
 {
     switch (xml.tokenType()) {
+    case QXmlStreamReader::StartDocument:
+        if (!isReadableEncoding(xml.documentEncoding()))
+            return QStringLiteral("the document is declared in \"%1\"; it is read in UTF-8 only")
+                .arg(xml.documentEncoding().toString());
+        return QString();
     case QXmlStreamReader::DTD:
         return QStringLiteral("document type declarations are not accepted");
     case QXmlStreamReader::EntityReference:
