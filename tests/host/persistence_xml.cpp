@@ -211,13 +211,13 @@ TEST(PersistenceXml, UnknownRecordsAreKeptAndWrittenBackUnchanged)
     QByteArray const original = document("<metadata type=\"fromTheFuture\" name=\"x\" version=\"9.0\">"
                                          "<future a=\"1\" xmlns:p=\"urn:p\"><p:child p:b=\"&lt;2&gt;\">text "
                                          "&amp; more</p:child><empty/></future>"
-                                         "</metadata>");
+                                         "<cr>a&#13;b</cr><gap><![CDATA[ \n ]]></gap></metadata>");
     PIO_Metadatas first;
     QString error;
     ASSERT_TRUE(PIO_MetadatasXml::fromDocument(original, first, &error)) << qPrintable(error);
     auto* unknown = recordAt<PIO_MetadataUnknown>(first, 0);
     ASSERT_NE(unknown, nullptr);
-    EXPECT_EQ(std::pair(unknown->elementCount(), unknown->version()), std::pair(3, QStringLiteral("9.0")));
+    EXPECT_EQ(std::pair(unknown->elementCount(), unknown->version()), std::pair(5, QStringLiteral("9.0")));
 
     QByteArray const saved = PIO_MetadatasXml::toDocument(first);
     PIO_Metadatas second;
@@ -225,6 +225,9 @@ TEST(PersistenceXml, UnknownRecordsAreKeptAndWrittenBackUnchanged)
         << qPrintable(error) << saved.constData();
     EXPECT_EQ(PIO_MetadatasXml::toDocument(second), saved);
     EXPECT_TRUE(saved.contains("<p:child p:b=\"&lt;2&gt;\">text &amp; more</p:child>")) << saved.constData();
+    // A carriage return, and text of white space alone, survive a reader.
+    EXPECT_TRUE(saved.contains("<cr>a&#13;b</cr>") && saved.contains("<gap>&#32;&#10;&#32;</gap>"))
+        << saved.constData();
 
     std::unique_ptr<PIO_Metadata> copy(unknown->clone());
     PIO_Metadatas third;

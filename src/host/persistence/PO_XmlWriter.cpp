@@ -5,6 +5,8 @@
 #include <QXmlStreamWriter>
 #include <QtGlobal>
 
+#include <algorithm>
+
 class PO_XmlWriter::PO_XmlWriterPrivate
 {
 public:
@@ -86,7 +88,25 @@ void PO_XmlWriter::encodeBinaryElement(
 
 void PO_XmlWriter::writeCharacters(QString const& text)
 {
-    d->stream.writeCharacters(PO_Utils::xmlSafe(text));
+    // A reader folds a raw carriage return into a line feed, and takes text of
+    // white space alone for layout: such characters go out as references, which
+    // read back as the text they stand for.
+    QString const safe = PO_Utils::xmlSafe(text);
+    auto const isXmlSpace = [](QChar c) {
+        return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r');
+    };
+    bool const allSpace = std::all_of(safe.begin(), safe.end(), isXmlSpace);
+    int runStart = 0;
+    for (int i = 0; i <= safe.size(); ++i) {
+        bool const atEnd = i == safe.size();
+        if (!atEnd && !allSpace && safe.at(i) != QLatin1Char('\r'))
+            continue;
+        if (i > runStart)
+            d->stream.writeCharacters(safe.mid(runStart, i - runStart));
+        if (!atEnd)
+            d->stream.writeEntityReference(QStringLiteral("#%1").arg(safe.at(i).unicode()));
+        runStart = i + 1;
+    }
     d->inStartTag = false;
 }
 
