@@ -54,6 +54,11 @@ TEST(PersistenceGeneric, DumpStartsWithTheIdentityLine)
     dump.clear();
     meta.dumpToString(dump);
     EXPECT_TRUE(dump.endsWith(QStringLiteral("value=1.41732\n"))) << qPrintable(dump);
+    PIO_MetadataString text(QStringLiteral("t"));
+    text.setValue(QStringLiteral("a b"));
+    dump.clear();
+    text.dumpToString(dump);
+    EXPECT_TRUE(dump.endsWith(QStringLiteral("value=a b\n"))) << qPrintable(dump);
 }
 
 class CountingFactory : public PIO_MetadataFactory

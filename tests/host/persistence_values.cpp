@@ -1,5 +1,6 @@
 // Attribute text forms, the XML writer, binary attributes and memory files.
 #include "host/persistence/HostPersistence.h"
+#include "host/persistence/PO_XmlLimits.h"
 
 #include <gtest/gtest.h>
 
@@ -94,6 +95,8 @@ TEST(PersistenceWriter, MisplacedCallsAndBadCharactersNeverBreakTheDocument)
         << qPrintable(text);
     QString const emoji = QString::fromUtf8("\xf0\x9f\x8e\xac"); // a valid pair is kept
     EXPECT_EQ(PO_Utils::xmlSafe(emoji + QChar(0xDC00)), emoji + QChar(QChar::ReplacementCharacter));
+    QString const edges = QChar(0xD7FF) + QString::fromUcs4(U"\U00010000") + QChar(0xE000);
+    EXPECT_EQ(PO_Utils::xmlSafe(edges), edges);
 }
 
 QXmlAttributes attributesOf(QByteArray const& xml)
@@ -149,6 +152,29 @@ TEST(PersistenceMemFile, GrowsAndCopiesIndependently)
     file.Clear();
     EXPECT_EQ(std::pair(copy.GetLength(), file.GetLength()), std::pair(4, 0));
     EXPECT_EQ(std::memcmp(copy.GetBuffer(), "abcd", 4), 0);
+}
+
+// A run of bytes without '<' or '>' may hold maxTokenBytes and no more, wherever it
+// starts: at the document's start, right after a bracket, or after an earlier run.
+TEST(PersistenceLimits, TokenLengthsAreCheckedToTheByte)
+{
+    QByteArray const full(int(PO_XmlLimits::maxTokenBytes), 'x');
+    struct Case
+    {
+        QByteArray document;
+        bool fits;
+    } const cases[] = {
+        { "<" + full, true },
+        { "<a>" + full, true },
+        { full + "<b>" + full, true },
+        { "<a>" + full + "x", false },
+        { full + "x<", false },
+    };
+    for (Case const& c : cases) {
+        QString error;
+        EXPECT_EQ(PO_XmlLimits::checkTokenLengths(c.document, &error), c.fits) << c.document.size();
+        EXPECT_EQ(error.isEmpty(), c.fits) << qPrintable(error);
+    }
 }
 
 } // namespace
