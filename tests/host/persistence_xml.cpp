@@ -211,13 +211,13 @@ TEST(PersistenceXml, UnknownRecordsAreKeptAndWrittenBackUnchanged)
     QByteArray const original = document("<metadata type=\"fromTheFuture\" name=\"x\" version=\"9.0\">"
                                          "<future a=\"1\" xmlns:p=\"urn:p\"><p:child p:b=\"&lt;2&gt;\">text "
                                          "&amp; more</p:child><empty/></future>"
-                                         "<cr>a&#13;b</cr><gap><![CDATA[ \n ]]></gap></metadata>");
+                                         "<cr>a&#13;b</cr><gap><![CDATA[ \n ]]></gap><mixed>&gt;<![CDATA[  ]]></mixed></metadata>");
     PIO_Metadatas first;
     QString error;
     ASSERT_TRUE(PIO_MetadatasXml::fromDocument(original, first, &error)) << qPrintable(error);
     auto* unknown = recordAt<PIO_MetadataUnknown>(first, 0);
     ASSERT_NE(unknown, nullptr);
-    EXPECT_EQ(std::pair(unknown->elementCount(), unknown->version()), std::pair(5, QStringLiteral("9.0")));
+    EXPECT_EQ(std::pair(unknown->elementCount(), unknown->version()), std::pair(6, QStringLiteral("9.0")));
 
     QByteArray const saved = PIO_MetadatasXml::toDocument(first);
     PIO_Metadatas second;

@@ -61,7 +61,12 @@ public:
 
     bool handleCDATA(QString const& text) override
     {
-        m_tokens.append(Token { Token::Text, text, {} });
+        // Pieces of one text (characters beside a CDATA section) are kept as one,
+        // which is how they read back once written.
+        if (!m_tokens.isEmpty() && m_tokens.last().kind == Token::Text)
+            m_tokens.last().text += text;
+        else
+            m_tokens.append(Token { Token::Text, text, {} });
         return true;
     }
 
